@@ -1,0 +1,39 @@
+# Korvo: the two commands a newcomer needs are `make run` and `make test`.
+BUILD     ?= build
+FUZZBUILD ?= build-fuzz
+JOBS      ?= $(shell nproc)
+FUZZ_SECONDS ?= 60
+
+.PHONY: all deps configure build run test bench fuzz clean
+
+all: build
+
+deps:
+	@scripts/install-deps
+
+$(BUILD)/build.ninja: | deps
+	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+
+configure: $(BUILD)/build.ninja
+
+build: deps configure
+	cmake --build $(BUILD) -j $(JOBS)
+
+run: build
+	scripts/run-designer $(BUILD)/bin
+
+test: build
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+bench: deps
+	cmake -S . -B $(BUILD)-bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DKORVO_BENCH=ON
+	cmake --build $(BUILD)-bench -j $(JOBS) --target benchmarks
+	scripts/run-benchmarks $(BUILD)-bench/bin
+
+fuzz: deps
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZBUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DKORVO_FUZZ=ON
+	cmake --build $(FUZZBUILD) -j $(JOBS) --target fuzzers
+	scripts/run-fuzzers $(FUZZBUILD)/bin $(FUZZ_SECONDS)
+
+clean:
+	rm -rf $(BUILD) $(BUILD)-bench $(FUZZBUILD)

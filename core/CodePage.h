@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QHash>
+#include <QString>
+#include <QStringView>
+#include <array>
+#include <cstdint>
+
+// The 8-bit code page of a language: windows-1253 for Greek (7),
+// windows-1250 for Polish (8), windows-1252 for every other number.
+// It is used only where text meets a person; label data stays as bytes.
+class CodePage {
+public:
+    static const CodePage& forLanguage(int16_t idioma);
+    static const char* nameForLanguage(int16_t idioma);
+
+    const char* name() const { return m_name; }
+    // A character the code page lacks becomes "?", as the platform's own
+    // conversion does.
+    QByteArray encode(QStringView text) const;
+    QString decode(QByteArrayView bytes) const;
+    // Whether every character of the text has a code in this page.
+    bool canEncode(QStringView text) const;
+
+private:
+    explicit CodePage(const char* name);
+
+    const char* m_name;
+    std::array<char16_t, 256> m_toUnicode{};
+    QHash<char16_t, char> m_fromUnicode;
+};
+
+// Shorthands for the language in force.
+QByteArray encodeFor(int16_t idioma, QStringView text);
+QString decodeFor(int16_t idioma, QByteArrayView bytes);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+struct ModBase;
+
+// The few file-system operations the program uses, with the failures a
+// classic runtime reports for them.
+namespace fs {
+
+// A file of that path exists (a folder does not count).
+bool fileExists(const QString& path);
+bool dirExists(const QString& path);
+// Fails with "Path/File access error" when the folder exists or cannot be made.
+void makeDir(const QString& path);
+// A rename. "File not found" without the source, "File already exists" when
+// the target is there, "Path/File access error" otherwise.
+void moveFile(const QString& from, const QString& to);
+// "File not found" without the file, "Permission denied" when it stays.
+void deleteFile(const QString& path);
+// The last-modified time in the short date and time form of the system locale.
+QString lastModifiedText(const QString& path);
+
+// The whole file; "File not found" or "Path/File access error" when it cannot be read.
+QByteArray readAll(const QString& path);
+// Replaces the file with the bytes; "Path/File access error" when it cannot.
+void writeAll(const QString& path, const QByteArray& bytes);
+
+// A path below the program's folder: inProgramDir(mb, "lang/lang.db").
+QString inProgramDir(const ModBase& mb, const QString& relative);
+
+} // namespace fs

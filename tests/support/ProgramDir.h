@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Catalogo.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QTemporaryDir>
+
+struct ModBase;
+
+// A throw-away program folder for one test.
+class ProgramDir {
+public:
+    ProgramDir();
+    QString path() const { return m_dir.path(); }
+    QString file(const QString& relative) const;
+
+    void write(const QString& relative, const QByteArray& bytes) const;
+    QByteArray read(const QString& relative) const;
+    bool exists(const QString& relative) const;
+
+    // lang/lang.db with these rows.
+    void writeCatalogue(const QList<CatalogueRow>& rows) const;
+    // A small catalogue with the texts cfg.ini and the close question use,
+    // in Spanish (1) and English (2); the other languages repeat the English.
+    void writeSmallCatalogue() const;
+    // The program's own catalogue, as the build made it.
+    void copyBuiltCatalogue() const;
+
+    // A shared block that lives in this folder.
+    void attach(ModBase& mb) const;
+
+private:
+    QTemporaryDir m_dir;
+};
+
+CatalogueRow row(int id, const QString& es, const QString& en);

@@ -1,0 +1,109 @@
+#include "Catalogo.h"
+#include "ModBase.h"
+#include "ProgramDir.h"
+#include "ScriptedInteraction.h"
+#include "frmBase.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QtTest>
+
+namespace {
+
+QStringList captions(const frmBase& w)
+{
+    QStringList out;
+    for (QAction* top : w.menuBar()->actions()) {
+        out.append(top->text());
+        if (QMenu* m = top->menu())
+            for (QAction* a : m->actions())
+                if (!a->isSeparator())
+                    out.append(a->text());
+    }
+    return out;
+}
+
+} // namespace
+
+class TestFrmBase : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_dir.reset(new ProgramDir);
+        m_dir->copyBuiltCatalogue();
+        m_mb.reset(new ModBase);
+        m_dir->attach(*m_mb);
+        m_mb->Idioma = 1;
+        QCOMPARE(CargarTextos(*m_mb, 1), int16_t(0));
+    }
+
+    // Every caption of the menu bar comes from the catalogue, in every language.
+    void captionsEnCadaIdioma()
+    {
+        ScriptedInteraction ui;
+        frmBase w(*m_mb, ui);
+        QCOMPARE(w.windowTitle(), QStringLiteral("Korvo v1.0"));
+        const QStringList spanish = captions(w);
+        QCOMPARE(spanish.size(), 24);
+        QVERIFY(spanish.contains(m_mb->Textos(1296) + "..."));
+        QVERIFY(spanish.contains(QStringLiteral("&Griego")));
+        for (int lang = 2; lang <= 8; ++lang) {
+            w.menuIdioma(lang)->trigger();
+            QCOMPARE(m_mb->Idioma, int16_t(lang));
+            QVERIFY(w.menuIdioma(lang)->isChecked());
+            QVERIFY(!w.menuIdioma(1)->isChecked());
+            const QStringList now = captions(w);
+            QCOMPARE(now.size(), spanish.size());
+            for (const QString& c : now)
+                QVERIFY2(!c.isEmpty() && c != "...", qPrintable(QString::number(lang)));
+            QCOMPARE(now.first(), m_mb->Textos(1292));
+        }
+        // Greek captions in Greek letters.
+        w.menuIdioma(7)->trigger();
+        QVERIFY(captions(w).first().contains(QRegularExpression("[\\x{0391}-\\x{03C9}]")));
+    }
+
+    void cierre_data()
+    {
+        QTest::addColumn<bool>("modificado");
+        QTest::addColumn<QList<Answer>>("respuestas");
+        QTest::addColumn<bool>("cerrada");
+        QTest::addColumn<bool>("guardado");
+        QTest::newRow("clean closes") << false << QList<Answer>{} << true << false;
+        QTest::newRow("yes saves and closes") << true << QList<Answer>{Answer::Yes} << true << true;
+        QTest::newRow("no closes") << true << QList<Answer>{Answer::No} << true << false;
+        QTest::newRow("cancel stays") << true << QList<Answer>{Answer::Cancel} << false << false;
+    }
+
+    void cierre()
+    {
+        QFETCH(bool, modificado);
+        QFETCH(QList<Answer>, respuestas);
+        QFETCH(bool, cerrada);
+        QFETCH(bool, guardado);
+        ScriptedInteraction ui;
+        ui.answers = respuestas;
+        frmBase w(*m_mb, ui);
+        bool saved = false;
+        bool closed = false;
+        w.setGuardar([&] { saved = true; });
+        connect(&w, &frmBase::cerrado, this, [&] { closed = true; });
+        w.show();
+        m_mb->Modificado = modificado; // the load leaves the label clean
+        w.findChild<QAction*>("mnuArchivoSalir")->trigger();
+        QCOMPARE(closed, cerrada);
+        QCOMPARE(w.isVisible(), !cerrada);
+        QCOMPARE(saved, guardado);
+        QCOMPARE(ui.answers.size(), 0);
+    }
+
+private:
+    std::unique_ptr<ProgramDir> m_dir;
+    std::unique_ptr<ModBase> m_mb;
+};
+
+QTEST_MAIN(TestFrmBase)
+#include "tst_frmbase.moc"

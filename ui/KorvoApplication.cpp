@@ -1,0 +1,32 @@
+#include "KorvoApplication.h"
+
+#include "QtInteraction.h"
+#include "RuntimeError.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
+KorvoApplication::KorvoApplication(int& argc, char** argv) : QApplication(argc, argv)
+{
+    setApplicationName(QStringLiteral("Korvo"));
+}
+
+bool KorvoApplication::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const RuntimeError& error) {
+        terminarConError(error);
+    } catch (const std::bad_alloc&) {
+        terminarConError(RuntimeError::outOfMemory());
+    }
+}
+
+void terminarConError(const RuntimeError& error)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(error.text()));
+    QtInteraction().message(error.text());
+    std::fflush(nullptr);
+    std::_Exit(1);
+}

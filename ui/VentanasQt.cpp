@@ -1,0 +1,26 @@
+#include "VentanasQt.h"
+
+#include "frmBase.h"
+#include "frmSplash.h"
+
+#include <QEventLoop>
+
+void VentanasQt::mostrarSplash(ModBase& mb)
+{
+    frmSplash splash(mb);
+    splash.exec();
+}
+
+void VentanasQt::mostrarBase(ModBase& mb)
+{
+    frmBase base(mb, m_ui);
+    base.setAcercaDe([&mb, &base] {
+        frmSplash acerca(mb, &base);
+        acerca.exec();
+    });
+    QEventLoop loop;
+    QObject::connect(&base, &frmBase::cerrado, &loop, &QEventLoop::quit);
+    base.setWindowModality(Qt::ApplicationModal);
+    base.show();
+    loop.exec();
+}

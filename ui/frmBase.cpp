@@ -1,0 +1,168 @@
+#include "frmBase.h"
+
+#include "Arranque.h"
+#include "CambiosPendientes.h"
+#include "Catalogo.h"
+#include "ModBase.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPainter>
+#include <QStatusBar>
+
+namespace {
+
+// The design surface as it stands until the editor draws on it: the label's
+// 57 units across and its width down, with the margin bands and guide lines.
+class SuperficieProvisional : public QWidget {
+public:
+    explicit SuperficieProvisional(const ModBase& mb, QWidget* parent) : QWidget(parent), m_mb(mb)
+    {
+        setMinimumSize(480, 420);
+        setObjectName(QStringLiteral("Cuadro"));
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter p(this);
+        p.fillRect(rect(), palette().window());
+        const qreal alto = m_mb.AnchoEtiqueta.toInt() > 0 ? m_mb.AnchoEtiqueta.toInt() : 45;
+        const qreal escala = std::min((width() - 40) / 57.2, (height() - 40) / (alto + 0.3));
+        p.translate(20, 20);
+        p.scale(escala, escala);
+        p.fillRect(QRectF(0, 0, 57.2, alto + 0.3), Qt::white);
+        if (m_mb.Sombreado == 1) {
+            p.fillRect(QRectF(0, 0, 3, alto + 0.3), QColor(255, 192, 192));
+            p.fillRect(QRectF(53.1, 0, 4.1, alto + 0.3), QColor(255, 192, 192));
+        }
+        QPen guia(QColor(255, 128, 128), 0, Qt::DotLine);
+        p.setPen(guia);
+        const qreal abajo = static_cast<float>(10.0 / 9.0) * alto;
+        p.drawLine(QPointF(2.8, 7.7), QPointF(2.8, abajo));
+        p.drawLine(QPointF(2.8, 7.7), QPointF(53.1, 7.7));
+        p.drawLine(QPointF(53, 7.7), QPointF(53, abajo));
+    }
+
+private:
+    const ModBase& m_mb;
+};
+
+} // namespace
+
+frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
+    : QMainWindow(parent), m_mb(mb), m_ui(ui)
+{
+    setObjectName(QStringLiteral("frmBase"));
+    cargaBase(m_mb);
+    construirMenus();
+    setCentralWidget(new SuperficieProvisional(m_mb, this));
+    m_panelTipo = new QLabel(this);
+    m_panelTipo->setObjectName(QStringLiteral("StatusBar1Panel1"));
+    statusBar()->addWidget(m_panelTipo);
+    if (QAction* idioma = menuIdioma(m_mb.Idioma))
+        idioma->setChecked(true);
+    refresh();
+}
+
+QAction* frmBase::entrada(QMenu* menu, const char* nombre, int textId, bool puntos,
+                          const QKeySequence& atajo)
+{
+    QAction* a = menu->addAction(QString());
+    a->setObjectName(QString::fromLatin1(nombre));
+    if (!atajo.isEmpty())
+        a->setShortcut(atajo);
+    m_entradas.append({a, textId, puntos});
+    return a;
+}
+
+void frmBase::construirMenus()
+{
+    QMenuBar* bar = menuBar();
+    const auto menu = [&](const char* nombre, int textId) {
+        QMenu* m = bar->addMenu(QString());
+        m->setObjectName(QString::fromLatin1(nombre));
+        m_menus.append({m, textId});
+        return m;
+    };
+
+    // The file and label commands are wired by the windows that hold them;
+    // the entries stand here, in their order, from the start.
+    QMenu* archivo = menu("mnuArchivo", 1292);
+    entrada(archivo, "mnuArchivoCargar", 1296, true, QKeySequence(Qt::CTRL | Qt::Key_O));
+    entrada(archivo, "mnuArchivoGuardar", 1297, false, QKeySequence(Qt::CTRL | Qt::Key_S));
+    entrada(archivo, "mnuArchivoGuardarComo", 1298, true);
+    archivo->addSeparator();
+    QAction* salir = entrada(archivo, "mnuArchivoSalir", 1299, false);
+    connect(salir, &QAction::triggered, this, &QWidget::close);
+
+    QMenu* etiqueta = menu("mnuEtiqueta", 1293);
+    entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
+    entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
+    etiqueta->addSeparator();
+    entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
+    etiqueta->addSeparator();
+    entrada(etiqueta, "mnuEtiquetaPeso", 1300, false);
+
+    QMenu* fondo = menu("mnuFondo", 1294);
+    entrada(fondo, "mnuFondoAgregar", 1303, true);
+    entrada(fondo, "mnuFondoEliminar", 1304, false);
+    fondo->addSeparator();
+    entrada(fondo, "mnuFondoParrilla", 1326, false);
+
+    QMenu* idiomas = menu("mnuId", 1295);
+    m_idiomas = new QActionGroup(this);
+    m_idiomas->setExclusive(true);
+    for (int i = 1; i <= 8; ++i) {
+        QAction* a = idiomas->addAction(captionIdioma(i));
+        a->setObjectName(QStringLiteral("mnuIdioma%1").arg(i));
+        a->setCheckable(true);
+        a->setData(i);
+        m_idiomas->addAction(a);
+        connect(a, &QAction::triggered, this,
+                [this, i] { CambiarIdioma(m_mb, static_cast<int16_t>(i), *this); });
+    }
+
+    QAction* acerca = bar->addAction(QString());
+    acerca->setObjectName(QStringLiteral("mnuAcerca"));
+    m_entradas.append({acerca, 296, true});
+    connect(acerca, &QAction::triggered, this, [this] {
+        if (m_acerca)
+            m_acerca();
+    });
+}
+
+QAction* frmBase::menuIdioma(int idioma) const
+{
+    for (QAction* a : m_idiomas->actions())
+        if (a->data().toInt() == idioma)
+            return a;
+    return nullptr;
+}
+
+void frmBase::refresh()
+{
+    const TextTable& T = m_mb.Textos;
+    setWindowTitle(QStringLiteral("Korvo v") + versionPrograma());
+    for (const auto& [menu, id] : m_menus)
+        menu->setTitle(T(id));
+    for (const Entrada& e : m_entradas)
+        e.accion->setText(T(e.textId) + (e.puntos ? QStringLiteral("...") : QString()));
+    m_panelTipo->setText(m_mb.TipoEtiqueta == "T" ? T(1310) : T(1317));
+    update();
+    if (centralWidget())
+        centralWidget()->update();
+}
+
+void frmBase::closeEvent(QCloseEvent* event)
+{
+    if (!preguntarCambios(m_mb, m_ui, m_guardar).continuar()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    emit cerrado();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "UserInteraction.h"
+
+#include <QMainWindow>
+#include <functional>
+
+struct ModBase;
+class QAction;
+class QActionGroup;
+class QLabel;
+class QMenu;
+
+// The main window. It holds no caption of its own: every text is rewritten
+// from the catalogue each time it is repainted, so a new language needs only
+// a new load of the catalogue and a repaint.
+class frmBase : public QMainWindow, public WindowRefresh {
+    Q_OBJECT
+public:
+    frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent = nullptr);
+
+    void refresh() override;
+
+    // What a Yes to the question about unsaved changes saves.
+    void setGuardar(std::function<void()> guardar) { m_guardar = std::move(guardar); }
+    // Opens the about box (the splash without its timer).
+    void setAcercaDe(std::function<void()> acerca) { m_acerca = std::move(acerca); }
+
+    QAction* menuIdioma(int idioma) const;
+
+signals:
+    void cerrado();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    struct Entrada {
+        QAction* accion;
+        int textId;
+        bool puntos;
+    };
+
+    void construirMenus();
+    QAction* entrada(QMenu* menu, const char* nombre, int textId, bool puntos,
+                     const QKeySequence& atajo = {});
+
+    ModBase& m_mb;
+    UserInteraction& m_ui;
+    std::function<void()> m_guardar;
+    std::function<void()> m_acerca;
+    QList<Entrada> m_entradas;
+    QList<QPair<QMenu*, int>> m_menus;
+    QActionGroup* m_idiomas = nullptr;
+    QLabel* m_panelTipo = nullptr;
+};
