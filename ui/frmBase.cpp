@@ -16,12 +16,12 @@
 namespace {
 
 // The design surface as it stands until the editor draws on it: the label's
-// 57 units across and its width down, with the margin bands and guide lines.
+// 57 units across and its width down, with the margin bands.
 class SuperficieProvisional : public QWidget {
 public:
     explicit SuperficieProvisional(const ModBase& mb, QWidget* parent) : QWidget(parent), m_mb(mb)
     {
-        setMinimumSize(480, 420);
+        setMinimumSize(640, 520);
         setObjectName(QStringLiteral("Cuadro"));
     }
 
@@ -39,12 +39,6 @@ protected:
             p.fillRect(QRectF(0, 0, 3, alto + 0.3), QColor(255, 192, 192));
             p.fillRect(QRectF(53.1, 0, 4.1, alto + 0.3), QColor(255, 192, 192));
         }
-        QPen guia(QColor(255, 128, 128), 0, Qt::DotLine);
-        p.setPen(guia);
-        const qreal abajo = static_cast<float>(10.0 / 9.0) * alto;
-        p.drawLine(QPointF(2.8, 7.7), QPointF(2.8, abajo));
-        p.drawLine(QPointF(2.8, 7.7), QPointF(53.1, 7.7));
-        p.drawLine(QPointF(53, 7.7), QPointF(53, abajo));
     }
 
 private:
