@@ -2,7 +2,10 @@
 #include "CodePage.h"
 #include "ModBase.h"
 #include "RuntimeError.h"
+#include "FileSystem.h"
 #include "TextLines.h"
+
+#include <QTemporaryDir>
 
 #include <QtTest>
 
@@ -184,6 +187,57 @@ private slots:
         QFETCH(QList<QByteArray>, lines);
         QCOMPARE(splitLines(bytes), lines);
         QCOMPARE(splitLines(joinLines(lines)), lines);
+    }
+
+    // The file operations fail the way the classic runtime reports them.
+    void archivos_data()
+    {
+        QTest::addColumn<QString>("operacion");
+        QTest::addColumn<int>("error");
+        QTest::newRow("delete a missing file") << "delete missing" << 53;
+        QTest::newRow("move a missing file") << "move missing" << 53;
+        QTest::newRow("move onto a file") << "move onto" << 58;
+        QTest::newRow("make an existing folder") << "mkdir existing" << 75;
+        QTest::newRow("read a missing file") << "read missing" << 53;
+        QTest::newRow("write into a missing folder") << "write nowhere" << 75;
+        QTest::newRow("move a file") << "move" << 0;
+        QTest::newRow("make a folder") << "mkdir" << 0;
+    }
+
+    void archivos()
+    {
+        QFETCH(QString, operacion);
+        QFETCH(int, error);
+        QTemporaryDir dir;
+        const QString a = dir.filePath("a.txt");
+        const QString b = dir.filePath("b.txt");
+        fs::writeAll(a, "a");
+        fs::writeAll(b, "b");
+        const int n = errorNumber([&] {
+            if (operacion == "delete missing")
+                fs::deleteFile(dir.filePath("x"));
+            else if (operacion == "move missing")
+                fs::moveFile(dir.filePath("x"), dir.filePath("y"));
+            else if (operacion == "move onto")
+                fs::moveFile(a, b);
+            else if (operacion == "mkdir existing")
+                fs::makeDir(dir.path());
+            else if (operacion == "read missing")
+                fs::readAll(dir.filePath("x"));
+            else if (operacion == "write nowhere")
+                fs::writeAll(dir.filePath("no/such/folder/x"), "x");
+            else if (operacion == "move")
+                fs::moveFile(a, dir.filePath("c.txt"));
+            else
+                fs::makeDir(dir.filePath("S"));
+        });
+        QCOMPARE(n, error);
+        if (operacion == "move") {
+            QVERIFY(!fs::fileExists(a));
+            QCOMPARE(fs::readAll(dir.filePath("c.txt")), QByteArray("a"));
+        }
+        if (operacion == "mkdir")
+            QVERIFY(fs::dirExists(dir.filePath("S")) && !fs::fileExists(dir.filePath("S")));
     }
 };
 

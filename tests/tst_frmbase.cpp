@@ -3,6 +3,9 @@
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
 #include "frmBase.h"
+#include "frmSplash.h"
+
+#include <QLabel>
 
 #include <QAction>
 #include <QMenu>
@@ -98,6 +101,34 @@ private slots:
         QCOMPARE(w.isVisible(), !cerrada);
         QCOMPARE(saved, guardado);
         QCOMPARE(ui.answers.size(), 0);
+    }
+
+    void splash_data()
+    {
+        QTest::addColumn<bool>("arranque");
+        QTest::addColumn<QString>("cierre"); // what closes it: "timer", "key", "click"
+        QTest::newRow("start-up splash closes itself") << true << "timer";
+        QTest::newRow("a key closes the start-up splash") << true << "key";
+        QTest::newRow("a click closes the about box") << false << "click";
+    }
+
+    void splash()
+    {
+        QFETCH(bool, arranque);
+        QFETCH(QString, cierre);
+        m_mb->ArranqueInicial = arranque;
+        frmSplash w(*m_mb);
+        QSignalSpy closed(&w, &QDialog::finished);
+        w.open();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QCOMPARE(w.findChild<QLabel*>("lblVersion")->text(), QStringLiteral("v 1.0"));
+        if (cierre == "key")
+            QTest::keyClick(&w, Qt::Key_Space);
+        else if (cierre == "click")
+            QTest::mouseClick(w.findChild<QLabel*>("lblVersion"), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(closed.size(), 1, 5000);
+        // Only the timer marks the start-up splash as gone.
+        QCOMPARE(m_mb->ArranqueInicial, arranque && cierre != "timer");
     }
 
 private:
