@@ -3,7 +3,7 @@
 #include "CodePage.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
-#include "RuntimeError.h"
+#include "RuntimeErrors.h"
 #include "UserInteraction.h"
 
 #include <QDirIterator>
@@ -40,15 +40,6 @@ CatalogueRow fila(int id, const QString& prefix)
     return r;
 }
 
-int errorNumber(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
 
 // Every id the program's code names: Textos(n) and T(n) in the sources, and
 // the ids of the field catalogue's tables.

@@ -1,7 +1,7 @@
 #include "CatalogoCampos.h"
 #include "CodePage.h"
 #include "ModBase.h"
-#include "RuntimeError.h"
+#include "RuntimeErrors.h"
 #include "FileSystem.h"
 #include "TextLines.h"
 
@@ -9,19 +9,6 @@
 
 #include <QtTest>
 
-namespace {
-
-int errorNumber(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
-
-} // namespace
 
 class TestCore : public QObject {
     Q_OBJECT
