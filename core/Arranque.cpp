@@ -56,10 +56,16 @@ void timerSplash(ModBase& mb)
     mb.ArranqueInicial = false;
 }
 
-int cargaBase(ModBase& mb)
+int cargaBase(ModBase& mb, UserInteraction& ui,
+              const std::function<bool(const QString&)>& cargarFondo)
 {
     mb.CargaTXL = 1;
     mb.PesoAproximado = false;
+    if (!mb.RutaFondo.isEmpty() && !cargarFondo(mb.RutaFondo)) {
+        // Start-up goes on without it, and cfg.ini will record no background.
+        ui.message(mb.Textos(1343) + QStringLiteral(" : ") + mb.Textos(222));
+        mb.RutaFondo.clear();
+    }
     mb.ArchivoConocido = false;
     mb.Modificado = false;
     if (mb.ModeloNuevo) {

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <cstdint>
+#include <functional>
 
 struct ModBase;
 class UserInteraction;
@@ -37,7 +38,10 @@ struct EstadoSplash {
 EstadoSplash cargaSplash(const ModBase& mb);
 void timerSplash(ModBase& mb);
 
-// The main window's load, as far as the shared state goes: flags reset and
-// the label number brought within the model's range. Returns the lower
-// bound of the label number selector (its upper bound is always 5).
-int cargaBase(ModBase& mb);
+// The main window's load, as far as the shared state goes: flags reset, the
+// background picture of cfg.ini loaded (`cargarFondo` says whether it could
+// be; one that cannot is reported and forgotten), and the label number
+// brought within the model's range. Returns the lower bound of the label
+// number selector (its upper bound is always 5).
+int cargaBase(ModBase& mb, UserInteraction& ui,
+              const std::function<bool(const QString&)>& cargarFondo);

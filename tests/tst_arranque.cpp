@@ -157,10 +157,47 @@ private slots:
         mb.Modificado = true;
         mb.CargaTXL = 0;
         mb.PesoAproximado = true;
-        QCOMPARE(::cargaBase(mb), minimo);
+        ScriptedInteraction ui;
+        QCOMPARE(::cargaBase(mb, ui, [](const QString&) { return true; }), minimo);
         QCOMPARE(mb.NumEtiqueta, despues);
         QVERIFY(!mb.Modificado && !mb.PesoAproximado && !mb.ArchivoConocido);
         QCOMPARE(mb.CargaTXL, int16_t(1));
+    }
+
+    void fondo_data()
+    {
+        QTest::addColumn<QString>("ruta");
+        QTest::addColumn<bool>("legible");
+        QTest::addColumn<QStringList>("log");
+        QTest::addColumn<QString>("despues");
+        QTest::newRow("no background, nothing tried") << "" << false << QStringList{} << "";
+        QTest::newRow("a picture that loads") << "/a.bmp" << true << QStringList{} << "/a.bmp";
+        QTest::newRow("one that does not is forgotten")
+            << "/a.bmp" << false << QStringList{"message: Fondo : No se puede cargar"} << "";
+    }
+
+    void fondo()
+    {
+        QFETCH(QString, ruta);
+        QFETCH(bool, legible);
+        QFETCH(QStringList, log);
+        QFETCH(QString, despues);
+        ProgramDir dir;
+        dir.writeCatalogue({row(222, QStringLiteral("No se puede cargar"), QStringLiteral("x")),
+                            row(1343, QStringLiteral("Fondo"), QStringLiteral("x"))});
+        ModBase mb;
+        dir.attach(mb);
+        CargarTextos(mb, 1);
+        mb.RutaFondo = ruta;
+        ScriptedInteraction ui;
+        QStringList tried;
+        ::cargaBase(mb, ui, [&](const QString& r) {
+            tried.append(r);
+            return legible;
+        });
+        QCOMPARE(tried, ruta.isEmpty() ? QStringList{} : QStringList{ruta});
+        QCOMPARE(ui.log, log);
+        QCOMPARE(mb.RutaFondo, despues);
     }
 
     void preguntaCambios_data()

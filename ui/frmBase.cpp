@@ -19,7 +19,8 @@ namespace {
 // 57 units across and its width down, with the margin bands.
 class SuperficieProvisional : public QWidget {
 public:
-    explicit SuperficieProvisional(const ModBase& mb, QWidget* parent) : QWidget(parent), m_mb(mb)
+    SuperficieProvisional(const ModBase& mb, const QImage& fondo, QWidget* parent)
+        : QWidget(parent), m_mb(mb), m_fondo(fondo)
     {
         setMinimumSize(640, 520);
         setObjectName(QStringLiteral("Cuadro"));
@@ -35,6 +36,14 @@ protected:
         p.translate(20, 20);
         p.scale(escala, escala);
         p.fillRect(QRectF(0, 0, 57.2, alto + 0.3), Qt::white);
+        if (!m_fondo.isNull() && !m_mb.RutaFondo.isEmpty()) {
+            // The picture stands at its own size from the surface's top left.
+            p.save();
+            p.setClipRect(QRectF(0, 0, 57.2, alto + 0.3));
+            p.scale(1 / escala, 1 / escala);
+            p.drawImage(QPointF(0, 0), m_fondo);
+            p.restore();
+        }
         if (m_mb.Sombreado == 1) {
             p.fillRect(QRectF(0, 0, 3, alto + 0.3), QColor(255, 192, 192));
             p.fillRect(QRectF(53.1, 0, 4.1, alto + 0.3), QColor(255, 192, 192));
@@ -43,6 +52,7 @@ protected:
 
 private:
     const ModBase& m_mb;
+    const QImage& m_fondo;
 };
 
 } // namespace
@@ -51,9 +61,9 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     : QMainWindow(parent), m_mb(mb), m_ui(ui)
 {
     setObjectName(QStringLiteral("frmBase"));
-    cargaBase(m_mb);
+    cargaBase(m_mb, m_ui, [this](const QString& ruta) { return m_fondo.load(ruta); });
     construirMenus();
-    setCentralWidget(new SuperficieProvisional(m_mb, this));
+    setCentralWidget(new SuperficieProvisional(m_mb, m_fondo, this));
     m_panelTipo = new QLabel(this);
     m_panelTipo->setObjectName(QStringLiteral("StatusBar1Panel1"));
     statusBar()->addWidget(m_panelTipo);

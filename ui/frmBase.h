@@ -2,6 +2,7 @@
 
 #include "UserInteraction.h"
 
+#include <QImage>
 #include <QMainWindow>
 #include <functional>
 
@@ -53,4 +54,5 @@ private:
     QList<QPair<QMenu*, int>> m_menus;
     QActionGroup* m_idiomas = nullptr;
     QLabel* m_panelTipo = nullptr;
+    QImage m_fondo;
 };
