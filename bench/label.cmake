@@ -1,0 +1,1 @@
+# What the label area adds here.

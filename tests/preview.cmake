@@ -1,0 +1,1 @@
+# What the preview area adds here.

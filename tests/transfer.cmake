@@ -1,0 +1,1 @@
+# What the transfer area adds here.
