@@ -28,3 +28,23 @@ QByteArray joinLines(const QList<QByteArray>& lines)
     }
     return out;
 }
+
+QByteArray columns(const QByteArray& line, int first, int count)
+{
+    if (first < 1 || count <= 0 || first > line.size())
+        return {};
+    return line.mid(first - 1, count);
+}
+
+QByteArray trimRight(const QByteArray& text)
+{
+    qsizetype n = text.size();
+    while (n > 0 && text.at(n - 1) == ' ')
+        --n;
+    return text.left(n);
+}
+
+QByteArray padRight(const QByteArray& text, int width)
+{
+    return text.size() >= width ? text : text + QByteArray(width - text.size(), ' ');
+}

@@ -9,3 +9,11 @@
 QList<QByteArray> splitLines(const QByteArray& contents);
 // Each line followed by carriage return and line feed.
 QByteArray joinLines(const QList<QByteArray>& lines);
+
+// Columns of a fixed-column line, counted from 1: as many of `count` as the
+// line has from column `first` on, none when it ends before.
+QByteArray columns(const QByteArray& line, int first, int count);
+// The text with the blanks at its end removed.
+QByteArray trimRight(const QByteArray& text);
+// The text right-padded with blanks to at least `width` characters.
+QByteArray padRight(const QByteArray& text, int width);

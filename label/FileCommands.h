@@ -1,0 +1,114 @@
+#pragma once
+
+#include "BoundedArray.h"
+#include "UserInteraction.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <cstdint>
+
+struct ModBase;
+
+// What the file commands need of the main window: a refresh (the surface
+// rebuilt from the fields and every caption rewritten) and the free text load
+// dialog, which makes every new label.
+class BaseView : public WindowRefresh {
+public:
+    // Shows frmCargaTXL modally; its OK runs AceptarCargaTXL.
+    virtual void mostrarCargaTXL() = 0;
+};
+
+// The controls of the main window that the commands read and set, kept here
+// so that the commands run without a screen; the window shows them.
+struct ControlesBase {
+    QString TxtNomEtiq;   // the name box
+    int VSEtiq = 1;       // the label number selector, VSEtiqMin..5
+    int VSEtiqMin = 1;
+    QString TxtNumEtiq;   // the number beside it
+    int VSVer = 45;       // the surface's height
+    QString lblNombre;    // the label line
+};
+
+// The set held as the lines of its file, one label of it unfolded into the
+// shared block at a time, and the commands that open, import, save and
+// switch labels and models. Every question goes through UserInteraction and
+// every refresh through the view.
+class FileCommands {
+public:
+    FileCommands(ModBase& mb, UserInteraction& ui, BaseView& view);
+
+    // The store: index = line of the set file minus 1.
+    BoundedArray<QByteArray, 0, 300> Lineas;
+    QString ArchivoConjunto;   // path the store was last loaded or built with
+    QString FechaTextos;       // date text of the label file the free texts came from
+    bool TextosExternos = false;
+    int16_t IgnorarCambioEtiq = 0;
+    bool Convirtiendo = false;
+    ControlesBase controles;
+
+    // How many lines a set file of the model in force has.
+    int lineasConjunto() const;
+    // Where a label's block line stands: p is the number for "V", the number
+    // plus 3 (new) or 5 (old) for "T".
+    int indiceBloque(int p) const;
+    int indiceTextoFijo() const;
+
+    void IniciaLineas();
+    void RealizarConjunto();
+    void AlmacenaFreeText(const QString& ruta);
+    void AlmacenaLineas(const QString& ruta);
+    void CargarConjunto();
+    void CargarEtiquetaConjunto(int p);
+    void GuardarEtiquetaConjunto();
+    void GuardaConjunto();
+    void GuardaEtiComo();
+    void NuevoConjunto();
+
+    void Abrir_Eti();
+    void CargarEti2();
+    void CargarEti();
+    void GuardaEti();
+
+    // The Save command: the set's own file when it has one, else Save As.
+    void Guardar();
+    // The common tail of every load.
+    void Actualiza();
+
+    // The person typed in the name box.
+    void cambioNombre(const QString& texto);
+    // The person moved the label number selector to `valor`.
+    void cambioEtiqueta(int valor);
+    // The tool bar's Convertir: the label of the same number of the other kind.
+    void Convertir();
+    // The mouse went down on the model check box; false when the switch was cancelled.
+    bool pulsarCompatibilidad();
+    // The model check box changed to `nuevo`.
+    void cambiarModelo(bool nuevo);
+    // May the window close? Asks about unsaved changes.
+    bool consultaCierre();
+
+    // The label line: name, kind, number.
+    QString textoLblNombre(const QString& nombre) const;
+
+    // The lines of the store that a set file of the model in force holds.
+    QList<QByteArray> lineasArchivo() const;
+    // The lines of a label file of the shared block (GuardaEti's rows).
+    QList<QByteArray> lineasEtiqueta(const QByteArray& tipo) const;
+    // Reads a label file's lines into the shared block; returns how many
+    // lines were beyond its format.
+    int leerLineasEtiqueta(const QList<QByteArray>& lines);
+    // Reads a set file's lines into the store.
+    void leerLineasConjunto(const QList<QByteArray>& lines);
+
+private:
+    // Yes saves, No goes on, Cancel stops: false when the command is to stop.
+    bool preguntarYGuardar();
+    void cargarDeArchivo(); // the tail shared by every load
+    QByteArray codificar(const QString& texto) const;
+    QString decodificar(const QByteArray& bytes) const;
+
+    ModBase& m_mb;
+    UserInteraction& m_ui;
+    BaseView& m_view;
+};
