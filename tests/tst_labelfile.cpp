@@ -1,11 +1,6 @@
-#include "Catalogo.h"
 #include "Filas.h"
-#include "FileCommands.h"
-#include "ModBase.h"
+#include "LabelEnv.h"
 #include "Posicion.h"
-#include "ProgramDir.h"
-#include "ScriptedInteraction.h"
-#include "ScriptedView.h"
 #include "TextLines.h"
 
 #include <QtTest>
@@ -36,22 +31,8 @@ void etiquetaCompleta(ModBase& mb, const QByteArray& nombre)
     mb.TextoFijo(1) = "MAXIMO 4 GRADOS \xba"; // as long as the first: see the padding below
 }
 
-struct Entorno {
-    ProgramDir dir;
-    ModBase mb;
-    ScriptedInteraction ui;
-    QStringList log;
-    ScriptedView view{mb, log};
-    FileCommands files{mb, ui, view};
-
-    explicit Entorno(int modelo)
-    {
-        dir.copyBuiltCatalogue();
-        dir.attach(mb);
-        mb.Idioma = 1;
-        CargarTextos(mb, 1);
-        mb.ModeloNuevo = static_cast<int16_t>(modelo);
-    }
+struct Entorno : LabelEnv {
+    using LabelEnv::LabelEnv;
     QByteArray guardar(const QString& name)
     {
         mb.ArchivoActual = dir.file(name);

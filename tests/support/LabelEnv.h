@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Catalogo.h"
+#include "FileCommands.h"
+#include "ModBase.h"
+#include "ProgramDir.h"
+#include "ScriptedInteraction.h"
+#include "ScriptedView.h"
+
+// A program folder with the program's catalogue, a shared block in Spanish,
+// the scripted person and window, and the file commands over them.
+struct LabelEnv {
+    ProgramDir dir;
+    ModBase mb;
+    ScriptedInteraction ui;
+    QStringList log; // the view's refreshes and dialogs
+    ScriptedView view{mb, log};
+    FileCommands files{mb, ui, view};
+
+    explicit LabelEnv(int modelo)
+    {
+        dir.copyBuiltCatalogue();
+        dir.attach(mb);
+        mb.Idioma = 1;
+        CargarTextos(mb, 1);
+        mb.ModeloNuevo = static_cast<int16_t>(modelo);
+        files.controles.VSEtiqMin = modelo ? 3 : 1;
+        files.IniciaLineas();
+    }
+};

@@ -1,0 +1,177 @@
+#include "LabelEnv.h"
+#include "RuntimeErrors.h"
+#include "TextLines.h"
+
+#include <QtTest>
+
+namespace {
+
+// A folder of label files as a shop keeps them, each written by the
+// program's own writer and dated as told.
+struct Tienda : LabelEnv {
+    using LabelEnv::LabelEnv;
+    QString carpeta() const { return dir.file("tienda"); }
+
+    void etiqueta(const QString& name, const QByteArray& tipo, const QByteArray& numero,
+                  const QByteArray& texto, const QDateTime& fecha)
+    {
+        QDir().mkpath(carpeta());
+        ModBase& m = mb;
+        m.TipoEtiqueta = tipo;
+        m.NumEtiqueta = numero;
+        m.NombreEtiqueta = texto.left(7);
+        for (int i = 0; i < 15; ++i)
+            m.TextoLibre(i) = texto + QByteArray::number(i);
+        m.TextoFijo(0) = texto + "FIX";
+        m.Campos(11).Presente = "1";
+        m.Campos(11).TextoHor = "036";
+        m.ArchivoActual = carpeta() + "/" + name;
+        files.GuardaEti();
+        QFile f(m.ArchivoActual);
+        QVERIFY(f.open(QIODevice::ReadWrite));
+        QVERIFY(f.setFileTime(fecha, QFileDevice::FileModificationTime));
+    }
+
+    void importar(const QString& name)
+    {
+        InicializarEtiqueta(mb);
+        mb.TextoFijo(0).clear();
+        mb.ArchivoActual = carpeta() + "/" + name;
+        files.RealizarConjunto();
+    }
+
+    QStringList en(const QString& sub = QString()) const
+    {
+        return QDir(carpeta() + "/" + sub).entryList(QDir::Files, QDir::Name);
+    }
+};
+
+QDateTime dia(int y, int m, int d)
+{
+    return QDateTime(QDate(y, m, d), QTime(12, 0));
+}
+
+} // namespace
+
+class TestImport : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        // Dates are compared as the texts the system shows them in; these
+        // tests run under a day-first locale.
+        QCOMPARE(QLocale::system().name(), QStringLiteral("es_ES"));
+    }
+
+    void laMasRecienteDaLosTextos()
+    {
+        Tienda t(1);
+        t.etiqueta("a.pde", "V", "3", "VIEJA", dia(2024, 1, 1));
+        t.etiqueta("b.pde", "T", "4", "NUEVA", dia(2024, 1, 2));
+        t.etiqueta("c.pde", "V", "5", "MEDIA", dia(2024, 1, 1));
+        t.importar("a.pde");
+
+        QCOMPARE(t.en(), QStringList{"a.pse"});
+        QCOMPARE(t.en("S"), (QStringList{"a.pde", "b.pde", "c.pde"}));
+        // Each file filed in the block of its own kind and number.
+        QCOMPARE(columns(t.files.Lineas(t.files.indiceBloque(4 + 3) + 11), 7, 7), QByteArray("NUEVA  "));
+        QCOMPARE(columns(t.files.Lineas(t.files.indiceBloque(5) + 1), 7, 7), QByteArray("MEDIA  "));
+        // The label shown is packing label 3, with the newest file's texts.
+        QCOMPARE(t.mb.NombreEtiqueta, QByteArray("VIEJA"));
+        QCOMPARE(t.mb.TextoLibre(0), QByteArray("NUEVA0"));
+        QCOMPARE(t.mb.TextoFijo(0), "NUEVAFIX" + QByteArray(17, ' '));
+        QCOMPARE(t.files.ArchivoConjunto, t.carpeta() + "/a.pse");
+        QCOMPARE(t.dir.read("tienda/a.pse"), joinLines(t.files.lineasArchivo()));
+        QVERIFY(t.mb.ArchivoConocido && !t.mb.Modificado);
+    }
+
+    // Day-first texts sort the tenth of January 2008 before the ninth of
+    // January 2007: the text decides, not the date.
+    void lasFechasSeComparanComoTexto()
+    {
+        Tienda t(1);
+        t.etiqueta("a.pde", "V", "3", "DOSMIL8", dia(2008, 1, 10));
+        t.etiqueta("b.pde", "V", "4", "DOSMIL7", dia(2007, 1, 9));
+        t.importar("a.pde");
+        QCOMPARE(t.mb.TextoLibre(0), QByteArray("DOSMIL70"));
+    }
+
+    void onceComoMucho()
+    {
+        Tienda t(1);
+        for (int i = 0; i < 12; ++i)
+            t.etiqueta(QStringLiteral("e%1.pde").arg(i, 2, 10, QLatin1Char('0')), "V", "3", "X",
+                       dia(2024, 1, 1));
+        t.importar("e00.pde");
+        QCOMPARE(t.en("S").size(), 11);
+        QCOMPARE(t.en(), (QStringList{"e00.pse", "e11.pde"}));
+    }
+
+    // The old model moves its label files aside but files nothing.
+    void modeloViejo()
+    {
+        Tienda t(0);
+        t.etiqueta("a.ode", "V", "2", "VIEJO", dia(2024, 1, 1));
+        t.etiqueta("b.pde", "V", "3", "NUEVO", dia(2024, 1, 1)); // not of this model
+        t.importar("a.ode");
+        QCOMPARE(t.en("S"), QStringList{"a.ode"});
+        QCOMPARE(t.en(), (QStringList{"a.ose", "b.pde"}));
+        LabelEnv vacio(0);
+        QCOMPARE(t.files.lineasArchivo(), vacio.files.lineasArchivo());
+    }
+
+    void textosDeFreetxt()
+    {
+        Tienda t(1);
+        QDir().mkpath(t.carpeta());
+        QByteArray rows;
+        for (int i = 5; i < 15; ++i)
+            rows += "9:" + QByteArray::number(i).rightJustified(2, '0') + "TEXTO " + QByteArray::number(i) + "\r\n";
+        t.dir.write("tienda/freetxt.txt", rows + "IGNORED\r\n");
+        t.dir.write("tienda/x.pde", {}); // named, but the folder holds no label file beside it
+        QFile::remove(t.carpeta() + "/x.pde");
+        t.importar("x.pde");
+        QCOMPARE(t.en("S"), QStringList{"freetxt.txt"});
+        QCOMPARE(t.files.Lineas(1), "9:000" + t.mb.Textos(1344).toLatin1());
+        // The readers start at column 5, so the catalogue's words get a "0" in front.
+        QCOMPARE(t.mb.TextoLibre(0), "0" + t.mb.Textos(1344).toLatin1());
+        QCOMPARE(t.mb.TextoLibre(5), QByteArray("TEXTO 5"));
+        QCOMPARE(t.mb.TextoLibre(14), QByteArray("TEXTO 14"));
+        QVERIFY(t.files.TextosExternos);
+    }
+
+    void fallosQueTerminanElPrograma_data()
+    {
+        QTest::addColumn<QString>("caso");
+        QTest::addColumn<int>("error");
+        // Its free text rows are not consumed, so the first is taken for a field row.
+        QTest::newRow("freetxt.txt beside a label file") << "freetxt" << 9;
+        QTest::newRow("the same, with a text too short for a code") << "freetxt short" << 5;
+        QTest::newRow("freetxt.txt of fewer than 10 lines") << "short freetxt" << 62;
+        QTest::newRow("a file of the same name already in S") << "in S" << 58;
+        QTest::newRow("a number below 3 in the new model") << "number" << 9;
+    }
+
+    void fallosQueTerminanElPrograma()
+    {
+        QFETCH(QString, caso);
+        QFETCH(int, error);
+        Tienda t(1);
+        t.etiqueta("a.pde", "V", caso == "number" ? "1" : "3",
+                   caso == "freetxt" ? "LARGOLARGOLARGO" : "X", dia(2024, 1, 1));
+        if (caso.startsWith("freetxt"))
+            t.dir.write("tienda/freetxt.txt", QByteArray("9:05LIBRE\r\n").repeated(10));
+        if (caso == "short freetxt")
+            t.dir.write("tienda/freetxt.txt", "9:05UNA\r\n");
+        if (caso == "in S")
+            t.dir.write("tienda/S/a.pde", "earlier");
+        QCOMPARE(errorNumber([&] { t.importar("a.pde"); }), error);
+        // Nothing is undone: what was moved stays moved.
+        if (caso.startsWith("freetxt"))
+            QCOMPARE(t.en("S"), QStringList{"freetxt.txt"});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestImport)
+#include "tst_import.moc"
