@@ -4,3 +4,5 @@ korvo_test(tst_setfile korvo_label)
 korvo_test(tst_import korvo_label)
 # The import compares dates as the system's text; these tests fix a day-first locale.
 set_tests_properties(tst_import PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=es_ES.UTF-8")
+korvo_test(tst_filecommands korvo_label)
+korvo_test(tst_freetexts korvo_label)

@@ -13,8 +13,7 @@ struct LabelEnv {
     ProgramDir dir;
     ModBase mb;
     ScriptedInteraction ui;
-    QStringList log; // the view's refreshes and dialogs
-    ScriptedView view{mb, log};
+    ScriptedView view{mb, ui.log}; // one timeline for the person and the window
     FileCommands files{mb, ui, view};
 
     explicit LabelEnv(int modelo)

@@ -1,0 +1,105 @@
+#include "LabelEnv.h"
+#include "RuntimeErrors.h"
+#include "TextLines.h"
+#include "TextosLibres.h"
+
+#include <QtTest>
+
+class TestFreeTexts : public QObject {
+    Q_OBJECT
+
+private slots:
+    void guardado_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<int>("filas");
+        QTest::addColumn<QByteArray>("ultima");
+        QTest::newRow("new") << 1 << 15 << QByteArray("9:14" + QByteArray(25, 'Z'));
+        QTest::newRow("old") << 0 << 5 << QByteArray("9:4EE");
+    }
+
+    // A save writes freetxl.sft beside the program, and the next new label
+    // takes its texts back whole.
+    void guardado()
+    {
+        QFETCH(int, modelo);
+        QFETCH(int, filas);
+        QFETCH(QByteArray, ultima);
+        LabelEnv e(modelo);
+        e.mb.ArchivoActual = e.dir.file("set.pse");
+        e.mb.NumEtiqueta = modelo ? "3" : "1";
+        for (int i = 0; i < 15; ++i)
+            e.mb.TextoLibre(i) = QByteArray(2, 'A' + i);
+        e.mb.TextoLibre(14) = QByteArray(25, 'Z');
+        e.mb.TextoLibre(1) = "\xe1\xe9\xed\xf3\xfa";
+        e.files.GuardarEtiquetaConjunto();
+        const QList<QByteArray> rows = splitLines(e.dir.read("freetxl.sft"));
+        QCOMPARE(rows.size(), filas);
+        QCOMPARE(rows.last(), ultima);
+
+        const ModBase antes = e.mb;
+        e.mb.CargaTXL = 1;
+        AceptarCargaTXL(e.mb);
+        for (int i = 0; i < 15; ++i)
+            QCOMPARE(e.mb.TextoLibre(i), i < filas ? antes.TextoLibre(i) : QByteArray());
+    }
+
+    void cargaTXL_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<int>("cargaTXL");
+        QTest::addColumn<QByteArray>("archivo"); // empty: no file
+        QTest::addColumn<QList<QByteArray>>("textos");
+        QTest::newRow("box off: nothing read") << 1 << 0 << QByteArray("9:00UNO\r\n") << QList<QByteArray>{};
+        QTest::newRow("box on, no file") << 1 << 1 << QByteArray() << QList<QByteArray>{};
+        QTest::newRow("new file in the new model") << 1 << 1 << QByteArray("9:00UNO\r\n9:01DOS\r\n")
+                                                   << QList<QByteArray>{"UNO", "DOS"};
+        // Another model's file shifts the texts by the prefix's width.
+        QTest::newRow("old file in the new model") << 1 << 1 << QByteArray("9:0UNO\r\n")
+                                                   << QList<QByteArray>{"NO"};
+        QTest::newRow("new file in the old model") << 0 << 1 << QByteArray("9:00UNO\r\n")
+                                                   << QList<QByteArray>{"0UNO"};
+        QTest::newRow("a short row") << 1 << 1 << QByteArray("9:0\r\n9:01X\r\n")
+                                     << QList<QByteArray>{"", "X"};
+    }
+
+    // The OK of the free text load dialog makes a fresh label.
+    void cargaTXL()
+    {
+        QFETCH(int, modelo);
+        QFETCH(int, cargaTXL);
+        QFETCH(QByteArray, archivo);
+        QFETCH(QList<QByteArray>, textos);
+        LabelEnv e(modelo);
+        if (!archivo.isEmpty())
+            e.dir.write("freetxl.sft", archivo);
+        ModBase& mb = e.mb;
+        mb.CargaTXL = static_cast<int16_t>(cargaTXL);
+        mb.TextoLibre.fill("OLD");
+        mb.Modificado = mb.ArchivoConocido = true;
+        mb.NumEtiqueta = "5";
+        mb.AnchoEtiqueta = "60";
+        mb.NombreEtiqueta = "X";
+        mb.TipoEtiqueta = "T";
+        mb.Campos(36).Presente = "1";
+        AceptarCargaTXL(mb);
+        for (int i = 0; i < 15; ++i)
+            QCOMPARE(mb.TextoLibre(i), textos.value(i));
+        QVERIFY(!mb.Modificado && !mb.ArchivoConocido);
+        QCOMPARE(mb.NumEtiqueta, modelo ? QByteArray("3") : QByteArray("1"));
+        QCOMPARE(mb.AnchoEtiqueta, QByteArray("45"));
+        QCOMPARE(mb.NombreEtiqueta, QByteArray());
+        QCOMPARE(mb.TipoEtiqueta, QByteArray("T")); // the kind is not the dialog's
+        QCOMPARE(mb.Campos(36).Presente, QByteArray("0"));
+    }
+
+    void dieciseisFilas()
+    {
+        LabelEnv e(1);
+        e.dir.write("freetxl.sft", QByteArray("9:00X\r\n").repeated(16));
+        QCOMPARE(errorNumber([&] { AceptarCargaTXL(e.mb); }), 9);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFreeTexts)
+#include "tst_freetexts.moc"
