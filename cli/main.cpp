@@ -1,27 +1,53 @@
 // korvo-cli: the headless companion of the designer.
+#include "Cli.h"
+#include "RuntimeError.h"
+
 #include <QCoreApplication>
 #include <cstdio>
+#include <functional>
+#include <map>
 
 namespace {
 
-void usage(FILE* out)
-{
-    std::fprintf(out,
-                 "usage: korvo-cli [--program-dir DIR] [--model new|old] [--language N] "
-                 "COMMAND ...\n"
-                 "No command is available in this build yet.\n");
-}
+const char* const kUsage =
+    "usage: korvo-cli [--program-dir DIR] [--model new|old] [--language N] COMMAND ...\n"
+    "\n"
+    "  show FILE [--label KN] [--json]   the label as the designer unfolds it\n"
+    "  export FILE [--label KN] -o OUT   writes the label as a label file\n"
+    "  check FILE...                     what the readers would take wrongly\n"
+    "\n"
+    "FILE is a set file or a label file, told apart by the next-to-last character\n"
+    "of its name. KN is a kind and a number: V3, T5.\n";
 
 } // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    const QStringList args = app.arguments();
-    if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
-        usage(stdout);
-        return 0;
+    QStringList args = app.arguments().mid(1);
+    if (args.isEmpty() || args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
+        std::fputs(kUsage, args.isEmpty() ? stderr : stdout);
+        return args.isEmpty() ? 2 : 0;
     }
-    usage(stderr);
-    return 2;
+    const std::map<QString, std::function<int(CliContext&, QStringList)>> commands = {
+        {QStringLiteral("show"), cmdShow},
+        {QStringLiteral("export"), cmdExport},
+        {QStringLiteral("check"), cmdCheck},
+    };
+    CliContext ctx;
+    try {
+        ctx.configure(args);
+        if (args.isEmpty())
+            throw UsageError(kUsage);
+        const auto command = commands.find(args.takeFirst());
+        if (command == commands.end())
+            throw UsageError(kUsage);
+        return command->second(ctx, args);
+    } catch (const UsageError& e) {
+        std::fprintf(stderr, "%s\n", e.what());
+        return 2;
+    } catch (const RuntimeError& e) {
+        std::fprintf(stderr, "%s\n", qPrintable(e.text()));
+        return 1;
+    }
 }

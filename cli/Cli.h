@@ -1,0 +1,59 @@
+#pragma once
+
+#include "FileCommands.h"
+#include "ModBase.h"
+#include "UserInteraction.h"
+
+#include <QStringList>
+#include <memory>
+#include <stdexcept>
+
+// A mistake in how the command was called: said on stderr, exit 2.
+struct UsageError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// The person at a terminal: messages go to stderr; there is nobody to answer
+// a question or a file dialog.
+class ConsoleInteraction : public UserInteraction {
+public:
+    void message(const QString& text) override;
+    Answer question(const QString& text) override;
+    QString openFile(const FileDialogRequest&) override { return {}; }
+    QString saveFile(const FileDialogRequest&) override { return {}; }
+};
+
+class NoWindow : public BaseView {
+public:
+    void refresh() override {}
+    void mostrarCargaTXL() override {}
+};
+
+// The program's state as the designer would have it at start: cfg.ini read
+// (never written), the model from the marker file, the catalogue loaded,
+// each overridable from the command line.
+struct CliContext {
+    ModBase mb;
+    ConsoleInteraction ui;
+    NoWindow window;
+    FileCommands files{mb, ui, window};
+
+    // Takes the global options off the front of args.
+    void configure(QStringList& args);
+
+    // Opens FILE as the designer would and unfolds one label: the one named
+    // by `--label KN`, else the one the open command shows.
+    void load(const QString& path, const QString& label);
+};
+
+// Whether a path is a label file, as the open command tells: by its
+// next-to-last character alone.
+bool esArchivoEtiqueta(const QString& path);
+
+// Takes `--name value` off args; empty when absent.
+QString takeOption(QStringList& args, const QString& name);
+bool takeFlag(QStringList& args, const QString& name);
+
+int cmdShow(CliContext& ctx, QStringList args);
+int cmdExport(CliContext& ctx, QStringList args);
+int cmdCheck(CliContext& ctx, QStringList args);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <cstdint>
+
+// What in a label or set file the readers would take wrongly. The readers
+// themselves check nothing: a shifted row, a strange kind or width goes into
+// the label as it stands. This tells a person before that happens.
+struct Hallazgo {
+    int linea = 0;   // 1-based
+    int columna = 0; // 1-based; 0 for the file as a whole
+    QString texto;
+};
+
+// `conjunto`: a set file (else a label file), read in the model given.
+QList<Hallazgo> comprobarArchivo(const QByteArray& contenido, bool conjunto, int16_t modeloNuevo);
