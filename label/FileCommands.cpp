@@ -147,7 +147,11 @@ void FileCommands::AlmacenaFreeText(const QString& ruta)
     // "00" after it, so every reader, starting at column 5, sees a "0" first.
     for (int i = 1; i <= 5; ++i)
         Lineas(i) = "9:" + QByteArray::number(i - 1) + "00" + codificar(m_mb.Textos(1343 + i));
-    const QList<QByteArray> lines = splitLines(fs::readAll(ruta));
+    almacenaTextosExternos(splitLines(fs::readAll(ruta)));
+}
+
+void FileCommands::almacenaTextosExternos(const QList<QByteArray>& lines)
+{
     if (lines.size() < 10)
         throw RuntimeError::inputPastEndOfFile();
     for (int i = 0; i < 10; ++i)
@@ -160,7 +164,11 @@ void FileCommands::AlmacenaLineas(const QString& ruta)
     // Dates are compared as the texts the system shows them in, character by
     // character: that is how the newest label file is told.
     const QString d = fs::lastModifiedText(ruta);
-    const QList<QByteArray> lines = splitLines(fs::readAll(ruta));
+    almacenaLineasEtiqueta(splitLines(fs::readAll(ruta)), d);
+}
+
+void FileCommands::almacenaLineasEtiqueta(const QList<QByteArray>& lines, const QString& d)
+{
     if (!m_mb.ModeloNuevo)
         return; // the old model files nothing: its blocks stay empty
 

@@ -98,6 +98,10 @@ public:
     // Reads a label file's lines into the shared block; returns how many
     // lines were beyond its format.
     int leerLineasEtiqueta(const QList<QByteArray>& lines);
+    // The two halves of the import that take outside lines: a freetxt.txt's
+    // rows, and a label file's rows with the file's date text.
+    void almacenaTextosExternos(const QList<QByteArray>& lines);
+    void almacenaLineasEtiqueta(const QList<QByteArray>& lines, const QString& fecha);
     // Reads a set file's lines into the store.
     void leerLineasConjunto(const QList<QByteArray>& lines);
 

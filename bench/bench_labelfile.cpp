@@ -1,0 +1,102 @@
+// The set store's round: load a set file, unfold a label, fold it back and
+// save (set file and freetxl.sft); and the check over many set files.
+#include "Catalogo.h"
+#include "Comprobacion.h"
+#include "FileCommands.h"
+#include "FileSystem.h"
+#include "ModBase.h"
+#include "TextLines.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+struct NoView : BaseView {
+    void refresh() override {}
+    void mostrarCargaTXL() override {}
+};
+struct Silent : UserInteraction {
+    void message(const QString&) override {}
+    Answer question(const QString&) override { return Answer::Cancel; }
+    QString openFile(const FileDialogRequest&) override { return {}; }
+    QString saveFile(const FileDialogRequest&) override { return {}; }
+};
+
+struct Program {
+    QTemporaryDir dir;
+    ModBase mb;
+    Silent ui;
+    NoView view;
+    FileCommands files{mb, ui, view};
+
+    Program()
+    {
+        QDir(dir.path()).mkpath("lang");
+        QFile::copy(QCoreApplication::applicationDirPath() + "/lang/lang.db", dir.filePath("lang/lang.db"));
+        mb.programDir = dir.path();
+        mb.Idioma = 1;
+        mb.ModeloNuevo = 1;
+        CargarTextos(mb, 1);
+        files.IniciaLineas();
+        // A set whose six labels all have fields on.
+        mb.ArchivoActual = dir.filePath("set.pse");
+        for (const char* tipo : {"V", "T"})
+            for (const char* numero : {"3", "4", "5"}) {
+                mb.TipoEtiqueta = tipo;
+                mb.NumEtiqueta = numero;
+                mb.NombreEtiqueta = "QUESO";
+                for (int n = 1; n <= 36; n += 2) {
+                    mb.Campos(n).Presente = "1";
+                    mb.Campos(n).TextoHor = "036";
+                }
+                files.GuardarEtiquetaConjunto();
+            }
+    }
+};
+
+void BM_SetRound(benchmark::State& state)
+{
+    Program program;
+    for (auto _ : state) {
+        program.files.CargarConjunto();
+        program.files.CargarEtiquetaConjunto(7);
+        program.mb.Campos(11).TextoHor = "072";
+        program.files.GuardarEtiquetaConjunto();
+    }
+}
+BENCHMARK(BM_SetRound)->Unit(benchmark::kMicrosecond);
+
+void BM_Check10000SetFiles(benchmark::State& state)
+{
+    Program program;
+    const QByteArray set = fs::readAll(program.mb.ArchivoActual);
+    QTemporaryDir many;
+    QStringList paths;
+    for (int i = 0; i < 10000; ++i) {
+        paths.append(many.filePath(QStringLiteral("s%1.pse").arg(i)));
+        fs::writeAll(paths.last(), set);
+    }
+    for (auto _ : state) {
+        int found = 0;
+        for (const QString& path : paths)
+            found += comprobarArchivo(fs::readAll(path), true, 1).size();
+        benchmark::DoNotOptimize(found);
+    }
+    state.SetItemsProcessed(state.iterations() * paths.size());
+}
+BENCHMARK(BM_Check10000SetFiles)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
