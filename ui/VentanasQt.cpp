@@ -18,6 +18,8 @@ void VentanasQt::mostrarBase(ModBase& mb)
         frmSplash acerca(mb, &base);
         acerca.exec();
     });
+    // The first label is made before the window is on the screen.
+    base.mostrarCargaTXL();
     QEventLoop loop;
     QObject::connect(&base, &frmBase::cerrado, &loop, &QEventLoop::quit);
     base.setWindowModality(Qt::ApplicationModal);

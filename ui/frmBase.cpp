@@ -1,9 +1,9 @@
 #include "frmBase.h"
 
 #include "Arranque.h"
-#include "CambiosPendientes.h"
 #include "Catalogo.h"
 #include "ModBase.h"
+#include "frmCargaTXL.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -58,15 +58,22 @@ private:
 } // namespace
 
 frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
-    : QMainWindow(parent), m_mb(mb), m_ui(ui)
+    : QMainWindow(parent), m_mb(mb), m_ui(ui), m_files(mb, ui, *this)
 {
     setObjectName(QStringLiteral("frmBase"));
-    cargaBase(m_mb, m_ui, [this](const QString& ruta) { return m_fondo.load(ruta); });
+    const int minimo = cargaBase(m_mb, m_ui, [this](const QString& ruta) { return m_fondo.load(ruta); });
+    m_files.IniciaLineas();
+    m_files.controles.VSEtiqMin = minimo;
+    m_files.controles.VSEtiq = std::max(minimo, m_mb.NumEtiqueta.toInt());
+    m_files.controles.TxtNumEtiq = QString::number(m_files.controles.VSEtiq);
     construirMenus();
     setCentralWidget(new SuperficieProvisional(m_mb, m_fondo, this));
     m_panelTipo = new QLabel(this);
     m_panelTipo->setObjectName(QStringLiteral("StatusBar1Panel1"));
     statusBar()->addWidget(m_panelTipo);
+    m_panelNombre = new QLabel(this);
+    m_panelNombre->setObjectName(QStringLiteral("lblNombre"));
+    statusBar()->addWidget(m_panelNombre, 1);
     if (QAction* idioma = menuIdioma(m_mb.Idioma))
         idioma->setChecked(true);
     refresh();
@@ -96,15 +103,22 @@ void frmBase::construirMenus()
     // The file and label commands are wired by the windows that hold them;
     // the entries stand here, in their order, from the start.
     QMenu* archivo = menu("mnuArchivo", 1292);
-    entrada(archivo, "mnuArchivoCargar", 1296, true, QKeySequence(Qt::CTRL | Qt::Key_O));
-    entrada(archivo, "mnuArchivoGuardar", 1297, false, QKeySequence(Qt::CTRL | Qt::Key_S));
-    entrada(archivo, "mnuArchivoGuardarComo", 1298, true);
+    QAction* cargar = entrada(archivo, "mnuArchivoCargar", 1296, true, QKeySequence(Qt::CTRL | Qt::Key_O));
+    connect(cargar, &QAction::triggered, this, [this] { m_files.Abrir_Eti(); });
+    QAction* guardar = entrada(archivo, "mnuArchivoGuardar", 1297, false, QKeySequence(Qt::CTRL | Qt::Key_S));
+    connect(guardar, &QAction::triggered, this, [this] { m_files.Guardar(); });
+    QAction* guardarComo = entrada(archivo, "mnuArchivoGuardarComo", 1298, true);
+    connect(guardarComo, &QAction::triggered, this, [this] { m_files.GuardaEtiComo(); });
     archivo->addSeparator();
     QAction* salir = entrada(archivo, "mnuArchivoSalir", 1299, false);
     connect(salir, &QAction::triggered, this, &QWidget::close);
 
     QMenu* etiqueta = menu("mnuEtiqueta", 1293);
-    entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
+    QAction* nueva = entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
+    connect(nueva, &QAction::triggered, this, [this] {
+        m_files.NuevoConjunto();
+        m_files.Actualiza();
+    });
     entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
     etiqueta->addSeparator();
     entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
@@ -156,14 +170,24 @@ void frmBase::refresh()
     for (const Entrada& e : m_entradas)
         e.accion->setText(T(e.textId) + (e.puntos ? QStringLiteral("...") : QString()));
     m_panelTipo->setText(m_mb.TipoEtiqueta == "T" ? T(1310) : T(1317));
+    // The label line is left as it is while the label has no name.
+    if (!m_files.controles.TxtNomEtiq.isEmpty())
+        m_files.controles.lblNombre = m_files.textoLblNombre(m_files.controles.TxtNomEtiq);
+    m_panelNombre->setText(m_files.controles.lblNombre);
     update();
     if (centralWidget())
         centralWidget()->update();
 }
 
+void frmBase::mostrarCargaTXL()
+{
+    frmCargaTXL dialog(m_mb, isVisible() ? this : nullptr);
+    dialog.exec();
+}
+
 void frmBase::closeEvent(QCloseEvent* event)
 {
-    if (!preguntarCambios(m_mb, m_ui, m_guardar).continuar()) {
+    if (!m_files.consultaCierre()) {
         event->ignore();
         return;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileCommands.h"
 #include "UserInteraction.h"
 
 #include <QImage>
@@ -15,15 +16,15 @@ class QMenu;
 // The main window. It holds no caption of its own: every text is rewritten
 // from the catalogue each time it is repainted, so a new language needs only
 // a new load of the catalogue and a repaint.
-class frmBase : public QMainWindow, public WindowRefresh {
+class frmBase : public QMainWindow, public BaseView {
     Q_OBJECT
 public:
     frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent = nullptr);
 
     void refresh() override;
+    void mostrarCargaTXL() override;
 
-    // What a Yes to the question about unsaved changes saves.
-    void setGuardar(std::function<void()> guardar) { m_guardar = std::move(guardar); }
+    FileCommands& archivos() { return m_files; }
     // Opens the about box (the splash without its timer).
     void setAcercaDe(std::function<void()> acerca) { m_acerca = std::move(acerca); }
 
@@ -48,11 +49,12 @@ private:
 
     ModBase& m_mb;
     UserInteraction& m_ui;
-    std::function<void()> m_guardar;
+    FileCommands m_files;
     std::function<void()> m_acerca;
     QList<Entrada> m_entradas;
     QList<QPair<QMenu*, int>> m_menus;
     QActionGroup* m_idiomas = nullptr;
     QLabel* m_panelTipo = nullptr;
+    QLabel* m_panelNombre = nullptr;
     QImage m_fondo;
 };
