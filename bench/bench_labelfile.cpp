@@ -15,22 +15,11 @@
 
 namespace {
 
-struct NoView : BaseView {
-    void refresh() override {}
-    void mostrarCargaTXL() override {}
-};
-struct Silent : UserInteraction {
-    void message(const QString&) override {}
-    Answer question(const QString&) override { return Answer::Cancel; }
-    QString openFile(const FileDialogRequest&) override { return {}; }
-    QString saveFile(const FileDialogRequest&) override { return {}; }
-};
-
 struct Program {
     QTemporaryDir dir;
     ModBase mb;
-    Silent ui;
-    NoView view;
+    SilentInteraction ui;
+    HeadlessView view;
     FileCommands files{mb, ui, view};
 
     Program()

@@ -23,19 +23,13 @@ public:
     QString saveFile(const FileDialogRequest&) override { return {}; }
 };
 
-class NoWindow : public BaseView {
-public:
-    void refresh() override {}
-    void mostrarCargaTXL() override {}
-};
-
 // The program's state as the designer would have it at start: cfg.ini read
 // (never written), the model from the marker file, the catalogue loaded,
 // each overridable from the command line.
 struct CliContext {
     ModBase mb;
     ConsoleInteraction ui;
-    NoWindow window;
+    HeadlessView window;
     FileCommands files{mb, ui, window};
 
     // Takes the global options off the front of args.

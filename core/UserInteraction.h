@@ -29,6 +29,16 @@ public:
     virtual QString saveFile(const FileDialogRequest& request) = 0;
 };
 
+// Nobody to ask: messages are dropped, questions cancelled, dialogs
+// cancelled. For the command line's readers, fuzzing and measuring.
+class SilentInteraction : public UserInteraction {
+public:
+    void message(const QString&) override {}
+    Answer question(const QString&) override { return Answer::Cancel; }
+    QString openFile(const FileDialogRequest&) override { return {}; }
+    QString saveFile(const FileDialogRequest&) override { return {}; }
+};
+
 // How the logic asks the window to show the shared block again.
 class WindowRefresh {
 public:

@@ -11,20 +11,9 @@
 // A shared block with the texts the readers may show, and no window: what
 // the readers do with any bytes at all.
 struct FuzzLabel {
-    struct NoView : BaseView {
-        void refresh() override {}
-        void mostrarCargaTXL() override {}
-    };
-    struct Silent : UserInteraction {
-        void message(const QString&) override {}
-        Answer question(const QString&) override { return Answer::Cancel; }
-        QString openFile(const FileDialogRequest&) override { return {}; }
-        QString saveFile(const FileDialogRequest&) override { return {}; }
-    };
-
     ModBase mb;
-    Silent ui;
-    NoView view;
+    SilentInteraction ui;
+    HeadlessView view;
     FileCommands files{mb, ui, view};
 
     explicit FuzzLabel(int modelo)

@@ -19,6 +19,13 @@ public:
     virtual void mostrarCargaTXL() = 0;
 };
 
+// No window at all: for the command line, fuzzing and measuring.
+class HeadlessView : public BaseView {
+public:
+    void refresh() override {}
+    void mostrarCargaTXL() override {}
+};
+
 // The controls of the main window that the commands read and set, kept here
 // so that the commands run without a screen; the window shows them.
 struct ControlesBase {
