@@ -5,9 +5,9 @@
 #include "RenderVista.h"
 #include "VistaPrevia.h"
 
+#include <benchmark/benchmark.h>
 #include <QGuiApplication>
 #include <QImage>
-#include <benchmark/benchmark.h>
 
 namespace {
 

@@ -4,11 +4,11 @@
 
 #include "Metafile.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <cstddef>
-#include <cstdint>
 
 inline void fuzzMetafile(const uint8_t* data, size_t size,
                          std::shared_ptr<const Metafile> (*read)(const QByteArray&))

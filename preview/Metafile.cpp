@@ -1,17 +1,17 @@
 #include "Metafile.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <map>
 #include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QImageReader>
 #include <QPainter>
 #include <QStringDecoder>
-#include <QTransform>
 #include <QtEndian>
-#include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <map>
+#include <QTransform>
 
 extern "C" {
 #include <uemf.h>
@@ -27,8 +27,8 @@ extern "C" {
 
 namespace {
 
-constexpr int kMaxOps = 200000;      // more than any picture of ours will ever hold
-constexpr int kMaxSaved = 256;       // nested SaveDC
+constexpr int kMaxOps = 200000; // more than any picture of ours will ever hold
+constexpr int kMaxSaved = 256;  // nested SaveDC
 constexpr uint32_t kMaxObjects = 65536;
 constexpr int kMaxBitmapSide = 16384;
 
@@ -39,8 +39,7 @@ public:
     size_t size() const { return m_size; }
     const char* data() const { return m_data; }
     bool has(size_t off, size_t len) const { return off <= m_size && len <= m_size - off; }
-    template <typename T>
-    T get(size_t off) const
+    template <typename T> T get(size_t off) const
     {
         T v{};
         if (has(off, sizeof(T)))
@@ -72,21 +71,36 @@ bool esFinito(qreal v)
 const char* codecForCharset(int charset)
 {
     switch (charset) {
-    case 161: return "windows-1253";
-    case 238: return "windows-1250";
-    case 204: return "windows-1251";
-    case 162: return "windows-1254";
-    case 177: return "windows-1255";
-    case 178: return "windows-1256";
-    case 186: return "windows-1257";
-    case 163: return "windows-1258";
-    case 222: return "windows-874";
-    case 128: return "Shift_JIS";
-    case 134: return "GBK";
-    case 136: return "Big5";
-    case 129: return "windows-949";
-    case 2: return "ISO-8859-1"; // symbol fonts: the codes are the glyphs
-    default: return "windows-1252";
+    case 161:
+        return "windows-1253";
+    case 238:
+        return "windows-1250";
+    case 204:
+        return "windows-1251";
+    case 162:
+        return "windows-1254";
+    case 177:
+        return "windows-1255";
+    case 178:
+        return "windows-1256";
+    case 186:
+        return "windows-1257";
+    case 163:
+        return "windows-1258";
+    case 222:
+        return "windows-874";
+    case 128:
+        return "Shift_JIS";
+    case 134:
+        return "GBK";
+    case 136:
+        return "Big5";
+    case 129:
+        return "windows-949";
+    case 2:
+        return "ISO-8859-1"; // symbol fonts: the codes are the glyphs
+    default:
+        return "windows-1252";
     }
 }
 
@@ -240,11 +254,21 @@ public:
         }
         qreal mm = 0;
         switch (dc.mapMode) {
-        case U_MM_LOMETRIC: mm = 0.1; break;
-        case U_MM_HIMETRIC: mm = 0.01; break;
-        case U_MM_LOENGLISH: mm = 0.254; break;
-        case U_MM_HIENGLISH: mm = 0.0254; break;
-        case U_MM_TWIPS: mm = 25.4 / 1440; break;
+        case U_MM_LOMETRIC:
+            mm = 0.1;
+            break;
+        case U_MM_HIMETRIC:
+            mm = 0.01;
+            break;
+        case U_MM_LOENGLISH:
+            mm = 0.254;
+            break;
+        case U_MM_HIENGLISH:
+            mm = 0.0254;
+            break;
+        case U_MM_TWIPS:
+            mm = 25.4 / 1440;
+            break;
         case U_MM_ISOTROPIC:
         case U_MM_ANISOTROPIC: {
             qreal sx = dc.winExt.x() != 0 ? dc.vpExt.x() / dc.winExt.x() : 1;
@@ -256,7 +280,8 @@ public:
             }
             return {sx, sy};
         }
-        default: return {1, 1};
+        default:
+            return {1, 1};
         }
         return {mm * pxPerMm, -mm * pxPerMm};
     }
@@ -300,11 +325,21 @@ public:
         if (w <= 0)
             pen.setWidth(1);
         switch (style) {
-        case U_PS_DASH: pen.setStyle(Qt::DashLine); break;
-        case U_PS_DOT: pen.setStyle(Qt::DotLine); break;
-        case U_PS_DASHDOT: pen.setStyle(Qt::DashDotLine); break;
-        case U_PS_DASHDOTDOT: pen.setStyle(Qt::DashDotDotLine); break;
-        default: pen.setStyle(Qt::SolidLine); break;
+        case U_PS_DASH:
+            pen.setStyle(Qt::DashLine);
+            break;
+        case U_PS_DOT:
+            pen.setStyle(Qt::DotLine);
+            break;
+        case U_PS_DASHDOT:
+            pen.setStyle(Qt::DashDotLine);
+            break;
+        case U_PS_DASHDOTDOT:
+            pen.setStyle(Qt::DashDotDotLine);
+            break;
+        default:
+            pen.setStyle(Qt::SolidLine);
+            break;
         }
         pen.setJoinStyle(Qt::MiterJoin);
         pen.setCapStyle(Qt::FlatCap);
@@ -313,16 +348,19 @@ public:
     QBrush currentBrush() const
     {
         switch (dc.brush.style) {
-        case U_BS_NULL: return Qt::NoBrush;
+        case U_BS_NULL:
+            return Qt::NoBrush;
         case U_BS_HATCHED: {
-            static const Qt::BrushStyle hatches[] = {Qt::HorPattern, Qt::VerPattern,
+            static const Qt::BrushStyle hatches[] = {Qt::HorPattern,   Qt::VerPattern,
                                                      Qt::FDiagPattern, Qt::BDiagPattern,
                                                      Qt::CrossPattern, Qt::DiagCrossPattern};
-            return QBrush(dc.brush.color, dc.brush.hatch < 6 ? hatches[dc.brush.hatch]
-                                                             : Qt::SolidPattern);
+            return QBrush(dc.brush.color,
+                          dc.brush.hatch < 6 ? hatches[dc.brush.hatch] : Qt::SolidPattern);
         }
-        case U_BS_SOLID: return QBrush(dc.brush.color);
-        default: return QBrush(Qt::gray); // pattern brushes: their average, near enough
+        case U_BS_SOLID:
+            return QBrush(dc.brush.color);
+        default:
+            return QBrush(Qt::gray); // pattern brushes: their average, near enough
         }
     }
     bool room()
@@ -349,8 +387,7 @@ public:
             return;
         result->m_ops.push_back(std::move(op));
     }
-    template <typename PointAt>
-    void poly(size_t n, PointAt at, bool closed)
+    template <typename PointAt> void poly(size_t n, PointAt at, bool closed)
     {
         if (n == 0)
             return;
@@ -483,27 +520,63 @@ public:
             return;
         const Object& o = objects[index];
         switch (o.kind) {
-        case Object::Kind::Pen: dc.pen = o.pen; break;
-        case Object::Kind::Brush: dc.brush = o.brush; break;
-        case Object::Kind::Font: dc.font = o.font; break;
-        default: break;
+        case Object::Kind::Pen:
+            dc.pen = o.pen;
+            break;
+        case Object::Kind::Brush:
+            dc.brush = o.brush;
+            break;
+        case Object::Kind::Font:
+            dc.font = o.font;
+            break;
+        default:
+            break;
         }
     }
     void selectStock(uint32_t stock)
     {
         switch (stock) {
-        case 0: dc.brush = {U_BS_SOLID, Qt::white, 0}; break;
-        case 1: dc.brush = {U_BS_SOLID, QColor(192, 192, 192), 0}; break;
-        case 2: dc.brush = {U_BS_SOLID, QColor(128, 128, 128), 0}; break;
-        case 3: dc.brush = {U_BS_SOLID, QColor(64, 64, 64), 0}; break;
-        case 4: dc.brush = {U_BS_SOLID, Qt::black, 0}; break;
-        case 5: dc.brush = {U_BS_NULL, Qt::white, 0}; break;
-        case 6: dc.pen = {U_PS_SOLID, 0, Qt::white}; break;
-        case 7: dc.pen = {U_PS_SOLID, 0, Qt::black}; break;
-        case 8: dc.pen = {U_PS_NULL, 0, Qt::black}; break;
-        case 10: case 11: case 16: dc.font = Font(); dc.font.family = QStringLiteral("DejaVu Sans Mono"); break;
-        case 12: case 13: case 14: case 17: dc.font = Font(); break;
-        default: break;
+        case 0:
+            dc.brush = {U_BS_SOLID, Qt::white, 0};
+            break;
+        case 1:
+            dc.brush = {U_BS_SOLID, QColor(192, 192, 192), 0};
+            break;
+        case 2:
+            dc.brush = {U_BS_SOLID, QColor(128, 128, 128), 0};
+            break;
+        case 3:
+            dc.brush = {U_BS_SOLID, QColor(64, 64, 64), 0};
+            break;
+        case 4:
+            dc.brush = {U_BS_SOLID, Qt::black, 0};
+            break;
+        case 5:
+            dc.brush = {U_BS_NULL, Qt::white, 0};
+            break;
+        case 6:
+            dc.pen = {U_PS_SOLID, 0, Qt::white};
+            break;
+        case 7:
+            dc.pen = {U_PS_SOLID, 0, Qt::black};
+            break;
+        case 8:
+            dc.pen = {U_PS_NULL, 0, Qt::black};
+            break;
+        case 10:
+        case 11:
+        case 16:
+            dc.font = Font();
+            dc.font.family = QStringLiteral("DejaVu Sans Mono");
+            break;
+        case 12:
+        case 13:
+        case 14:
+        case 17:
+            dc.font = Font();
+            break;
+        default:
+            break;
         }
     }
     void deleteObject(uint32_t index)
@@ -638,8 +711,9 @@ void drawText(QPainter& painter, const Metafile::Text& t)
     painter.translate(t.origin);
     painter.rotate(-t.angle);
     if (t.opaque)
-        painter.fillRect(QRectF(x0, base - fm.ascent() * s, total, (fm.ascent() + fm.descent()) * s),
-                         t.background);
+        painter.fillRect(
+            QRectF(x0, base - fm.ascent() * s, total, (fm.ascent() + fm.descent()) * s),
+            t.background);
     painter.setFont(font);
     painter.setPen(t.color);
     qreal x = x0;
@@ -693,7 +767,8 @@ bool looksLikeWmf(const QByteArray& bytes)
     if (b.u32(0) == 0x9AC6CDD7)
         return true;
     // A header without the placeable prefix: type 1 or 2, nine words long.
-    return (b.u16(0) == 1 || b.u16(0) == 2) && b.u16(2) == 9 && (b.u16(4) == 0x0100 || b.u16(4) == 0x0300);
+    return (b.u16(0) == 1 || b.u16(0) == 2) && b.u16(2) == 9 &&
+           (b.u16(4) == 0x0100 || b.u16(4) == 0x0300);
 }
 
 std::shared_ptr<const Metafile> readWmf(const QByteArray& bytes)
@@ -830,8 +905,8 @@ std::shared_ptr<const Metafile> readWmf(const QByteArray& bytes)
                 U_POINT16 den{}, num{};
                 U_WMRSCALEWINDOWEXT_get(rec, &den, &num);
                 if (den.x != 0 && den.y != 0)
-                    m.dc.winExt = QPointF(m.dc.winExt.x() * num.x / den.x,
-                                          m.dc.winExt.y() * num.y / den.y);
+                    m.dc.winExt =
+                        QPointF(m.dc.winExt.x() * num.x / den.x, m.dc.winExt.y() * num.y / den.y);
             }
             break;
         case U_WMR_RECTANGLE:
@@ -861,7 +936,8 @@ std::shared_ptr<const Metafile> readWmf(const QByteArray& bytes)
                 uint32_t rop = 0;
                 U_WMRPATBLT_get(rec, &dst, &cwh, &rop);
                 QPainterPath p;
-                p.addRect(QRectF(m.map(dst.x, dst.y), m.map(dst.x + cwh.x, dst.y + cwh.y)).normalized());
+                p.addRect(
+                    QRectF(m.map(dst.x, dst.y), m.map(dst.x + cwh.x, dst.y + cwh.y)).normalized());
                 m.emitPath(p, false, true);
             }
             break;
@@ -878,8 +954,9 @@ std::shared_ptr<const Metafile> readWmf(const QByteArray& bytes)
                     m.broken = true;
                 } else {
                     Bytes pts(rec + U_SIZE_METARECORD + 2, size_t(n) * 4);
-                    m.poly(n, [&](size_t i) { return QPointF(pts.i16(i * 4), pts.i16(i * 4 + 2)); },
-                           type == U_WMR_POLYGON);
+                    m.poly(
+                        n, [&](size_t i) { return QPointF(pts.i16(i * 4), pts.i16(i * 4 + 2)); },
+                        type == U_WMR_POLYGON);
                 }
             }
             break;
@@ -967,8 +1044,10 @@ std::shared_ptr<const Metafile> readWmf(const QByteArray& bytes)
                 dst = QRectF(xd, yd, w, h);
             } else {
                 const size_t q = p0 + (type == U_WMR_STRETCHDIB ? 6 : 4);
-                const int16_t hs = r.i16(q), ws = r.i16(q + 2), ys = r.i16(q + 4), xs = r.i16(q + 6);
-                const int16_t hd = r.i16(q + 8), wd = r.i16(q + 10), yd = r.i16(q + 12), xd = r.i16(q + 14);
+                const int16_t hs = r.i16(q), ws = r.i16(q + 2), ys = r.i16(q + 4),
+                              xs = r.i16(q + 6);
+                const int16_t hd = r.i16(q + 8), wd = r.i16(q + 10), yd = r.i16(q + 12),
+                              xd = r.i16(q + 14);
                 src = QRectF(xs, ys, ws, hs);
                 dst = QRectF(xd, yd, wd, hd);
             }
@@ -1086,9 +1165,9 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
         return nullptr;
     // The frame is in hundredths of a millimetre; the reference device says
     // how many of its pixels make a millimetre.
-    const QRectF frameMm = QRectF(QPointF(h.i32(24), h.i32(28)) / 100.0,
-                                  QPointF(h.i32(32), h.i32(36)) / 100.0)
-                               .normalized();
+    const QRectF frameMm =
+        QRectF(QPointF(h.i32(24), h.i32(28)) / 100.0, QPointF(h.i32(32), h.i32(36)) / 100.0)
+            .normalized();
     const int32_t devX = h.i32(72), devY = h.i32(76), mmX = h.i32(80), mmY = h.i32(84);
     qreal pxX = 96 / 25.4, pxY = 96 / 25.4;
     if (devX > 0 && devY > 0 && mmX > 0 && mmY > 0) {
@@ -1100,7 +1179,8 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                  frameMm.height() * pxY);
     QSizeF mm = frameMm.size();
     if (frame.isEmpty()) {
-        const QRectF bounds = QRectF(QPointF(h.i32(8), h.i32(12)), QPointF(h.i32(16) + 1, h.i32(20) + 1));
+        const QRectF bounds =
+            QRectF(QPointF(h.i32(8), h.i32(12)), QPointF(h.i32(16) + 1, h.i32(20) + 1));
         frame = bounds.normalized();
         mm = QSizeF();
     }
@@ -1194,7 +1274,8 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
         case U_EMR_SETWORLDTRANSFORM:
         case U_EMR_MODIFYWORLDTRANSFORM:
             if (need(32)) {
-                const qreal v[6] = {r.f32(8), r.f32(12), r.f32(16), r.f32(20), r.f32(24), r.f32(28)};
+                const qreal v[6] = {r.f32(8),  r.f32(12), r.f32(16),
+                                    r.f32(20), r.f32(24), r.f32(28)};
                 if (!std::all_of(std::begin(v), std::end(v), esFinito))
                     break;
                 const QTransform x(v[0], v[1], v[2], v[3], v[4], v[5]);
@@ -1202,11 +1283,20 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                     m.dc.world = x;
                 } else if (need(36)) {
                     switch (r.u32(32)) {
-                    case U_MWT_IDENTITY: m.dc.world = QTransform(); break;
-                    case U_MWT_LEFTMULTIPLY: m.dc.world = x * m.dc.world; break;
-                    case U_MWT_RIGHTMULTIPLY: m.dc.world = m.dc.world * x; break;
-                    case 4: m.dc.world = x; break; // MWT_SET
-                    default: break;
+                    case U_MWT_IDENTITY:
+                        m.dc.world = QTransform();
+                        break;
+                    case U_MWT_LEFTMULTIPLY:
+                        m.dc.world = x * m.dc.world;
+                        break;
+                    case U_MWT_RIGHTMULTIPLY:
+                        m.dc.world = m.dc.world * x;
+                        break;
+                    case 4:
+                        m.dc.world = x;
+                        break; // MWT_SET
+                    default:
+                        break;
                     }
                 }
             }
@@ -1366,7 +1456,8 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                     if (to && m.path.elementCount() > 0) {
                         for (int e = 1; e < p.elementCount(); ++e) {
                             const auto el = p.elementAt(e);
-                            if (el.type == QPainterPath::CurveToElement && e + 2 < p.elementCount()) {
+                            if (el.type == QPainterPath::CurveToElement &&
+                                e + 2 < p.elementCount()) {
                                 m.path.cubicTo(el, p.elementAt(e + 1), p.elementAt(e + 2));
                                 e += 2;
                             } else {

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QByteArray>
+#include <memory>
 #include <QBrush>
+#include <QByteArray>
 #include <QColor>
 #include <QImage>
 #include <QPainterPath>
 #include <QPen>
 #include <QRectF>
 #include <QString>
-#include <memory>
 #include <vector>
 
 class QPainter;
@@ -23,19 +23,19 @@ public:
     // description and made when drawn, so reading needs no font machinery.
     struct Text {
         QString text;
-        QPointF origin;            // the reference point, in device units
-        std::vector<qreal> dx;     // distances from each character to the next, or none
+        QPointF origin;        // the reference point, in device units
+        std::vector<qreal> dx; // distances from each character to the next, or none
         QString family;
-        qreal height = 0;          // <0: the character's height; >0: the cell's; 0: a default
-        qreal width = 0;           // average character width, 0 for the font's own
+        qreal height = 0; // <0: the character's height; >0: the cell's; 0: a default
+        qreal width = 0;  // average character width, 0 for the font's own
         int weight = 400;
         bool italic = false;
         bool underline = false;
         bool strikeOut = false;
-        qreal angle = 0;           // degrees, counter-clockwise
+        qreal angle = 0; // degrees, counter-clockwise
         QColor color = Qt::black;
-        unsigned align = 0;        // the text alignment flags of the file
-        bool opaque = false;       // the background box is filled
+        unsigned align = 0;  // the text alignment flags of the file
+        bool opaque = false; // the background box is filled
         QColor background = Qt::white;
     };
 

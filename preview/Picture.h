@@ -1,11 +1,11 @@
 #pragma once
 
+#include <memory>
 #include <QByteArray>
 #include <QImage>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
-#include <memory>
 
 class QPainter;
 class Metafile;

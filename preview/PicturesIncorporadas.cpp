@@ -3,8 +3,8 @@
 #include "CatalogoCampos.h"
 #include "RuntimeError.h"
 
-#include <QFile>
 #include <array>
+#include <QFile>
 
 QString recursoIncorporado(int item)
 {

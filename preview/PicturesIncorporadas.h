@@ -2,8 +2,8 @@
 
 #include "Picture.h"
 
-#include <QString>
 #include <memory>
+#include <QString>
 
 // The picture each item of the preview is built with (0 the approximate
 // weight line, 1..36 the fields), before any stock file replaces it. They are

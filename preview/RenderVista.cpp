@@ -66,9 +66,9 @@ QByteArray pdf(const EscenaVista& e)
         QPdfWriter writer(&buffer);
         writer.setCreator(QStringLiteral("Korvo"));
         writer.setResolution(static_cast<int>(kPdfDpi));
-        writer.setPageLayout(QPageLayout(
-            QPageSize(QSizeF(e.anchoMarco, e.altoMarco), QPageSize::Millimeter),
-            QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+        writer.setPageLayout(
+            QPageLayout(QPageSize(QSizeF(e.anchoMarco, e.altoMarco), QPageSize::Millimeter),
+                        QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
         QPainter p(&writer);
         dibujarVistaPrevia(p, e, kPdfDpi / 25.4);
         p.end();

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <QImage>
 #include <QString>
-#include <optional>
 
 class QPainter;
 struct EscenaVista;

@@ -25,7 +25,8 @@ double valor(const QByteArray& texto)
 {
     const QByteArray t = texto.trimmed();
     int fin = 0;
-    while (fin < t.size() && ((t.at(fin) >= '0' && t.at(fin) <= '9') || (fin == 0 && t.at(0) == '-')))
+    while (fin < t.size() &&
+           ((t.at(fin) >= '0' && t.at(fin) <= '9') || (fin == 0 && t.at(0) == '-')))
         ++fin;
     return t.left(fin).toDouble();
 }
@@ -107,8 +108,7 @@ void PintarEtiqueta(EscenaVista& escena, const ModBase& mb)
         }
         item.Left = campo.PosHor;
         item.Top = campo.PosVer;
-        TamanoCampo(escena, mb, static_cast<int16_t>(i),
-                    static_cast<int16_t>(valor(campo.Tamano)));
+        TamanoCampo(escena, mb, static_cast<int16_t>(i), static_cast<int16_t>(valor(campo.Tamano)));
         item.Visible = true;
     }
 }

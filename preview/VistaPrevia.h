@@ -3,9 +3,9 @@
 #include "BoundedArray.h"
 #include "Picture.h"
 
-#include <QString>
 #include <cstdint>
 #include <memory>
+#include <QString>
 
 struct ModBase;
 

@@ -1,8 +1,8 @@
 #include "Catalogo.h"
 #include "EtiquetasPrueba.h"
+#include "frmVistaPrevia.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
-#include "frmVistaPrevia.h"
 
 #include <QPushButton>
 #include <QtTest>

@@ -30,9 +30,9 @@ QString color(QRgb c)
 
 int textos(const Metafile& m)
 {
-    return static_cast<int>(std::count_if(m.ops().begin(), m.ops().end(), [](const Metafile::Op& o) {
-        return o.kind == Metafile::Op::Kind::Text;
-    }));
+    return static_cast<int>(
+        std::count_if(m.ops().begin(), m.ops().end(),
+                      [](const Metafile::Op& o) { return o.kind == Metafile::Op::Kind::Text; }));
 }
 
 } // namespace
@@ -47,14 +47,19 @@ private slots:
         QTest::addColumn<QString>("archivo");
         QTest::addColumn<QString>("texto");
         QTest::addColumn<double>("ancho");
-        QTest::newRow("0A") << "0A.wmf" << "" << 0.01;
-        QTest::newRow("1A") << "1A.wmf" << "A" << 2.8;
-        QTest::newRow("5A") << "5A.wmf" << "AAAAA" << 9.9;
-        QTest::newRow("6A") << "6A.wmf" << "AAAAAA" << 11.6;
+        QTest::newRow("0A") << "0A.wmf"
+                            << "" << 0.01;
+        QTest::newRow("1A") << "1A.wmf"
+                            << "A" << 2.8;
+        QTest::newRow("5A") << "5A.wmf"
+                            << "AAAAA" << 9.9;
+        QTest::newRow("6A") << "6A.wmf"
+                            << "AAAAAA" << 11.6;
         QTest::newRow("15A") << "15A.wmf" << QString(15, 'A') << 26.5;
         QTest::newRow("25A") << "25A.wmf" << QString(25, 'A') << 44.1;
         QTest::newRow("12A double width") << "12A.wmf" << QString(12, 'A') << 47.0;
-        QTest::newRow("OPER") << "OPER.wmf" << "999 OPER" << 10.9;
+        QTest::newRow("OPER") << "OPER.wmf"
+                              << "999 OPER" << 10.9;
     }
 
     void stock()
@@ -84,7 +89,8 @@ private slots:
     void incorporadas()
     {
         for (int i = 0; i <= 36; ++i)
-            QVERIFY2(imagenIncorporada(i) && !imagenIncorporada(i)->isNull(), qPrintable(QString::number(i)));
+            QVERIFY2(imagenIncorporada(i) && !imagenIncorporada(i)->isNull(),
+                     qPrintable(QString::number(i)));
         QCOMPARE(errorNumber([] { imagenIncorporada(37); }), 9);
         const Metafile& barras = *imagenIncorporada(16)->metafile();
         QCOMPARE(barras.ops().size(), size_t(1));
@@ -100,7 +106,8 @@ private slots:
         QCOMPARE(barrasEnFila(30), 30); // 2 + 6 x 2 + 2 + 6 x 2 + 2
         QCOMPARE(barrasEnFila(70), 6);  // the guard bars run longer
         QVERIFY(qAbs(imagenIncorporada(16)->sizeMm().width() - 26) < 0.01);
-        QCOMPARE(imagenIncorporada(11)->metafile()->ops().front().text.text, QStringLiteral("99.999"));
+        QCOMPARE(imagenIncorporada(11)->metafile()->ops().front().text.text,
+                 QStringLiteral("99.999"));
         QCOMPARE(imagenIncorporada(0)->metafile()->ops().front().text.text, QString(15, '9'));
     }
 
@@ -113,7 +120,8 @@ private slots:
         // Hand-made, four quadrants of shapes.
         QTest::newRow("wmf rectangle") << "shapes.wmf" << QPoint(50, 50) << "#ff0000";
         QTest::newRow("wmf ellipse") << "shapes.wmf" << QPoint(150, 50) << "#0000ff";
-        QTest::newRow("wmf polygon in a reused slot") << "shapes.wmf" << QPoint(50, 170) << "#00a000";
+        QTest::newRow("wmf polygon in a reused slot")
+            << "shapes.wmf" << QPoint(50, 170) << "#00a000";
         QTest::newRow("wmf corner left white") << "shapes.wmf" << QPoint(3, 3) << "#ffffff";
         QTest::newRow("wmf round rectangle last") << "shapes.wmf" << QPoint(150, 150) << "#00a000";
         QTest::newRow("wmf its wide black border") << "shapes.wmf" << QPoint(112, 150) << "#000000";
@@ -122,7 +130,8 @@ private slots:
         QTest::newRow("wmf polypolygon ring") << "polypolygon.wmf" << QPoint(40, 100) << "#000000";
         QTest::newRow("wmf polypolygon hole") << "polypolygon.wmf" << QPoint(100, 100) << "#ffffff";
         QTest::newRow("emf rectangle") << "shapes.emf" << QPoint(50, 50) << "#ff0000";
-        QTest::newRow("emf ellipse moved by the world") << "shapes.emf" << QPoint(150, 50) << "#0000ff";
+        QTest::newRow("emf ellipse moved by the world")
+            << "shapes.emf" << QPoint(150, 50) << "#0000ff";
         QTest::newRow("emf filled path") << "shapes.emf" << QPoint(50, 140) << "#000000";
         QTest::newRow("emf bitmap") << "shapes.emf" << QPoint(150, 150) << "#00c800";
     }
@@ -223,8 +232,10 @@ private slots:
         QTest::newRow("missing") << "nada.wmf" << QByteArray() << 53;
         QTest::newRow("empty") << "vacio.bmp" << QByteArray("") << 481;
         QTest::newRow("text") << "texto.jpg" << QByteArray("hola, mundo\r\n") << 481;
-        QTest::newRow("bmp cut") << "cut.bmp" << QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0", 16) << 481;
-        QTest::newRow("jpeg cut") << "cut.jpg" << QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF", 10) << 481;
+        QTest::newRow("bmp cut") << "cut.bmp"
+                                 << QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0", 16) << 481;
+        QTest::newRow("jpeg cut") << "cut.jpg" << QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF", 10)
+                                  << 481;
         QTest::newRow("ico cut") << "cut.ico" << QByteArray("\0\0\1\0\1\0", 6) << 481;
         const QDir d(datosPreview(QStringLiteral("metafiles/damaged")));
         for (const QString& f : d.entryList(QDir::Files))

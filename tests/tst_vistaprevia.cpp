@@ -27,8 +27,9 @@ double diferencia(const QImage& a, const QImage& b)
         const QRgb* p = reinterpret_cast<const QRgb*>(x.constScanLine(j));
         const QRgb* q = reinterpret_cast<const QRgb*>(y.constScanLine(j));
         for (int i = 0; i < x.width(); ++i) {
-            const int d = qMax(qMax(qAbs(qRed(p[i]) - qRed(q[i])), qAbs(qGreen(p[i]) - qGreen(q[i]))),
-                               qAbs(qBlue(p[i]) - qBlue(q[i])));
+            const int d =
+                qMax(qMax(qAbs(qRed(p[i]) - qRed(q[i])), qAbs(qGreen(p[i]) - qGreen(q[i]))),
+                     qAbs(qBlue(p[i]) - qBlue(q[i])));
             if (d > 96)
                 ++distintos;
         }
@@ -83,7 +84,8 @@ private slots:
     {
         QTest::addColumn<QString>("nombre");
         QTest::addColumn<QList<int>>("visibles");
-        QTest::newRow("envasado45") << "envasado45" << QList<int>{0, 1, 2, 11, 13, 14, 16, 17, 18, 26};
+        QTest::newRow("envasado45")
+            << "envasado45" << QList<int>{0, 1, 2, 11, 13, 14, 16, 17, 18, 26};
         QTest::newRow("total60") << "total60" << QList<int>{1, 13, 14, 15, 16, 19, 20};
         QTest::newRow("textoslibres") << "textoslibres" << QList<int>{12, 21, 25, 27, 36};
         QTest::newRow("antiguo: no 26 nor 27") << "antiguo" << QList<int>{10, 16, 21};
@@ -111,7 +113,8 @@ private slots:
         QTest::addColumn<bool>("visible2");
         QTest::addColumn<QString>("texto1");
         QTest::newRow("none") << 1 << QByteArray() << QByteArray() << false << false << "";
-        QTest::newRow("one blank shows") << 1 << QByteArray() << QByteArray(" ") << false << true << "";
+        QTest::newRow("one blank shows")
+            << 1 << QByteArray() << QByteArray(" ") << false << true << "";
         QTest::newRow("greek codes") << 7 << QByteArray("\xC1\xC2") << QByteArray() << true << false
                                      << QString::fromUtf8("ΑΒ");
         QTest::newRow("latin codes") << 2 << QByteArray("A\xD1O") << QByteArray("X") << true << true
@@ -212,7 +215,8 @@ private slots:
         const ItemVista& barras = e.ImagenVista(16);
         int negros = 0;
         const int y = qRound((barras.Top + barras.Height / 2) * kPxPorMm);
-        for (int x = qRound(barras.Left * kPxPorMm); x < qRound((barras.Left + barras.Width) * kPxPorMm); ++x)
+        for (int x = qRound(barras.Left * kPxPorMm);
+             x < qRound((barras.Left + barras.Width) * kPxPorMm); ++x)
             negros += qGray(img.pixel(x, y)) < 80;
         QVERIFY2(negros > 60, qPrintable(QString::number(negros)));
         QCOMPARE(img.pixel(455, 359), qRgb(255, 255, 255));
@@ -251,7 +255,9 @@ private slots:
         ModBase mb = referencia(QStringLiteral("total60"));
         QVERIFY_THROWS_EXCEPTION(std::invalid_argument,
                                  exportarVistaPrevia(mb, m_dir.file(QStringLiteral("v.gif"))));
-        QCOMPARE(errorNumber([&] { exportarVistaPrevia(mb, m_dir.file(QStringLiteral("no/v.png"))); }), 75);
+        QCOMPARE(
+            errorNumber([&] { exportarVistaPrevia(mb, m_dir.file(QStringLiteral("no/v.png"))); }),
+            75);
     }
 };
 

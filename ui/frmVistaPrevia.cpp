@@ -47,7 +47,8 @@ frmVistaPrevia::frmVistaPrevia(const ModBase& mb, QWidget* parent) : QDialog(par
     const qreal mm = pixelesPorMm();
     const auto px = [mm](qreal v) { return qRound(v * mm); };
     PictVista = new Marco(m_escena, this);
-    PictVista->setGeometry(px(kMargen), px(kMargen), px(m_escena.anchoMarco), px(m_escena.altoMarco));
+    PictVista->setGeometry(px(kMargen), px(kMargen), px(m_escena.anchoMarco),
+                           px(m_escena.altoMarco));
 
     CommandCerrar = new QPushButton(mb.Textos(42), this);
     CommandCerrar->setObjectName(QStringLiteral("CommandCerrar"));

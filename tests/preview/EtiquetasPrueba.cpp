@@ -27,8 +27,8 @@ void pon(ModBase& mb, int campo, int hor, int ver, const char* tamano)
 
 QStringList etiquetasReferencia()
 {
-    return {QStringLiteral("envasado45"), QStringLiteral("total60"),
-            QStringLiteral("textoslibres"), QStringLiteral("antiguo")};
+    return {QStringLiteral("envasado45"), QStringLiteral("total60"), QStringLiteral("textoslibres"),
+            QStringLiteral("antiguo")};
 }
 
 void etiquetaReferencia(ModBase& mb, const QString& nombre)

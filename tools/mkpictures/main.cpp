@@ -4,12 +4,12 @@
 // its typeface at the size the scale prints it, and the bar code as a bitmap
 // of a real EAN-13 symbol. Coordinates are hundredths of a millimetre, so the
 // natural size of each picture is exact.
+#include <cmath>
+#include <cstdio>
 #include <QDir>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QGuiApplication>
-#include <cmath>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -26,9 +26,9 @@ constexpr double kAlto = 4.2;             // every text picture's height in mm
 // The free fonts that stand in for the typefaces the labels were designed
 // with: the shapes differ, the room they take is the same, since every
 // character is placed where the sample's own font put it.
-const char* kSerif = "DejaVu Serif"; // the numbers' book face
+const char* kSerif = "DejaVu Serif";    // the numbers' book face
 const char* kMono = "DejaVu Sans Mono"; // the OCR lines
-const char* kSans = "DejaVu Sans";   // the plain sans faces
+const char* kSans = "DejaVu Sans";      // the plain sans faces
 
 struct Metafile {
     WMFTRACK* wt = nullptr;
@@ -42,12 +42,13 @@ struct Metafile {
             std::exit(1);
         }
         U_PAIRF* size = U_PAIRF_set(anchoMm / 25.4, altoMm / 25.4);
-        wmf_header_append(reinterpret_cast<U_METARECORD*>(U_WMRHEADER_set(size, kUnidadesPorPulgada)), wt, 1);
+        wmf_header_append(
+            reinterpret_cast<U_METARECORD*>(U_WMRHEADER_set(size, kUnidadesPorPulgada)), wt, 1);
         std::free(size);
         add(U_WMRSETMAPMODE_set(U_MM_ANISOTROPIC));
         add(U_WMRSETWINDOWORG_set(point16_set(0, 0)));
-        add(U_WMRSETWINDOWEXT_set(point16_set(int16_t(std::lround(anchoMm * 100)),
-                                              int16_t(std::lround(altoMm * 100)))));
+        add(U_WMRSETWINDOWEXT_set(
+            point16_set(int16_t(std::lround(anchoMm * 100)), int16_t(std::lround(altoMm * 100)))));
         add(U_WMRSETBKMODE_set(U_TRANSPARENT));
     }
     void add(char* rec) { wmf_append(reinterpret_cast<U_METARECORD*>(rec), wt, 1); }
@@ -80,8 +81,7 @@ void texto(const QString& path, const QString& muestra, const char* familia, dou
             total += avances.back();
         }
         const double escala = ancho / total;
-        const int16_t anchoLetra =
-            int16_t(std::lround(fm.averageCharWidth() * em / 1000 * escala));
+        const int16_t anchoLetra = int16_t(std::lround(fm.averageCharWidth() * em / 1000 * escala));
         std::vector<int16_t> dx;
         int acumulado = 0;
         double ideal = 0;
@@ -154,8 +154,8 @@ void codigoBarras(const QString& path)
         }
     }
     Metafile m(path, 26, 10);
-    U_BITMAPINFOHEADER bmih = bitmapinfoheader_set(W, H, 1, 24, U_BI_RGB, uint32_t(px.size()),
-                                                   3780, 3780, 0, 0);
+    U_BITMAPINFOHEADER bmih =
+        bitmapinfoheader_set(W, H, 1, 24, U_BI_RGB, uint32_t(px.size()), 3780, 3780, 0, 0);
     PU_BITMAPINFO bmi = bitmapinfo_set(bmih, nullptr);
     m.add(U_WMRSTRETCHDIB_set(point16_set(0, 0), point16_set(2600, 1000), point16_set(0, 0),
                               point16_set(W, H), U_DIB_RGB_COLORS, U_SRCCOPY, bmi,
@@ -205,17 +205,22 @@ int main(int argc, char** argv)
     texto(res.filePath(QStringLiteral("OPER.wmf")), QStringLiteral("999 OPER"), kSerif, 10.9);
 
     // The items' own pictures, built into the program.
-    texto(propias.filePath(QStringLiteral("pesoaprox.wmf")), QStringLiteral("999999999999999"), kSerif, 20.8);
-    texto(propias.filePath(QStringLiteral("descriptivo.wmf")), QString(25, QLatin1Char('A')), kMono, 44.1);
+    texto(propias.filePath(QStringLiteral("pesoaprox.wmf")), QStringLiteral("999999999999999"),
+          kSerif, 20.8);
+    texto(propias.filePath(QStringLiteral("descriptivo.wmf")), QString(25, QLatin1Char('A')), kMono,
+          44.1);
     texto(propias.filePath(QStringLiteral("peso.wmf")), QStringLiteral("99.999"), kSerif, 8.5);
-    texto(propias.filePath(QStringLiteral("importe.wmf")), QStringLiteral("99999.99"), kSerif, 10.9);
-    texto(propias.filePath(QStringLiteral("moneda.wmf")), QStringLiteral("(1234567PTAS)"), kSans, 21.5);
+    texto(propias.filePath(QStringLiteral("importe.wmf")), QStringLiteral("99999.99"), kSerif,
+          10.9);
+    texto(propias.filePath(QStringLiteral("moneda.wmf")), QStringLiteral("(1234567PTAS)"), kSans,
+          21.5);
     codigoBarras(propias.filePath(QStringLiteral("barras.wmf")));
     texto(propias.filePath(QStringLiteral("fecha.wmf")), QStringLiteral("01JUN07"), kSans, 12.3);
-    texto(propias.filePath(QStringLiteral("total.wmf")), QStringLiteral("ETIQUETA TOTAL"), kSans, 24.7);
+    texto(propias.filePath(QStringLiteral("total.wmf")), QStringLiteral("ETIQUETA TOTAL"), kSans,
+          24.7);
     texto(propias.filePath(QStringLiteral("lote.wmf")), QStringLiteral("123456"), kSerif, 9.9);
     for (int n = 1; n <= 15; ++n)
-        texto(propias.filePath(QStringLiteral("%1A.wmf").arg(n)), QString(n, QLatin1Char('A')), kMono,
-              anchoLetras(n));
+        texto(propias.filePath(QStringLiteral("%1A.wmf").arg(n)), QString(n, QLatin1Char('A')),
+              kMono, anchoLetras(n));
     return 0;
 }
