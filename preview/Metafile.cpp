@@ -1199,7 +1199,11 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
         const uint32_t type = r.u32(0);
         const uint32_t size = r.u32(4);
         const char* rec = start + off;
-        if (size < 8 || size % 4 != 0 || size > length - off || !U_emf_record_safe(rec)) {
+        // Kinds past those the library checks are never drawn here, and are
+        // passed over unread: the check would only complain of them.
+        const bool conocido = type >= U_EMR_MIN && type <= 104;
+        if (size < 8 || size % 4 != 0 || size > length - off ||
+            (conocido && !U_emf_record_safe(rec))) {
             // Inconsistent with its own size or the file's: nothing after it
             // can be trusted, nor the picture as a whole.
             m.broken = true;
