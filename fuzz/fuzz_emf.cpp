@@ -1,0 +1,8 @@
+// An enhanced metafile as anyone may have left it.
+#include "FuzzPicture.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    fuzzMetafile(data, size, readEmf);
+    return 0;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+struct ModBase;
+class ProgramDir;
+
+// A program folder with the stock pictures of the repository in res/.
+void copiaImagenesStock(const ProgramDir& dir);
+
+// A field on the label at a place and size.
+void pon(ModBase& mb, int campo, int hor, int ver, const char* tamano = "0");
+
+// The reference labels of the drawing tests, by name; every name of
+// `etiquetasReferencia()` makes one.
+void etiquetaReferencia(ModBase& mb, const QString& nombre);
+QStringList etiquetasReferencia();
+
+// The test data folder of the preview.
+QString datosPreview(const QString& relativo);

@@ -1,0 +1,273 @@
+#include "EtiquetasPrueba.h"
+#include "Metafile.h"
+#include "Picture.h"
+#include "PicturesIncorporadas.h"
+#include "ProgramDir.h"
+#include "RuntimeErrors.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QtTest>
+
+namespace {
+
+// The picture stretched over a white bitmap of that size.
+QImage pinta(const Picture& p, QSize size = {200, 200})
+{
+    QImage img(size, QImage::Format_RGB32);
+    img.fill(Qt::white);
+    QPainter painter(&img);
+    p.draw(painter, QRectF(QPointF(0, 0), QSizeF(size)));
+    return img;
+}
+
+QString color(QRgb c)
+{
+    return QColor(c).name();
+}
+
+int textos(const Metafile& m)
+{
+    return static_cast<int>(
+        std::count_if(m.ops().begin(), m.ops().end(),
+                      [](const Metafile::Op& o) { return o.kind == Metafile::Op::Kind::Text; }));
+}
+
+} // namespace
+
+class TestImagenes : public QObject {
+    Q_OBJECT
+
+private slots:
+    // Every stock file: n letters, the natural size of its sample.
+    void stock_data()
+    {
+        QTest::addColumn<QString>("archivo");
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<double>("ancho");
+        QTest::newRow("0A") << "0A.wmf"
+                            << "" << 0.01;
+        QTest::newRow("1A") << "1A.wmf"
+                            << "A" << 2.8;
+        QTest::newRow("5A") << "5A.wmf"
+                            << "AAAAA" << 9.9;
+        QTest::newRow("6A") << "6A.wmf"
+                            << "AAAAAA" << 11.6;
+        QTest::newRow("15A") << "15A.wmf" << QString(15, 'A') << 26.5;
+        QTest::newRow("25A") << "25A.wmf" << QString(25, 'A') << 44.1;
+        QTest::newRow("12A double width") << "12A.wmf" << QString(12, 'A') << 47.0;
+        QTest::newRow("OPER") << "OPER.wmf"
+                              << "999 OPER" << 10.9;
+    }
+
+    void stock()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(QString, texto);
+        QFETCH(double, ancho);
+        const PictureLoad r = readPicture(QStringLiteral(KORVO_SOURCE_DIR "/res/") + archivo);
+        QCOMPARE(r.error, PictureError::None);
+        QCOMPARE(r.picture.kind(), Picture::Kind::Vector);
+        QVERIFY(qAbs(r.picture.sizeMm().width() - ancho) < 0.01);
+        QVERIFY(qAbs(r.picture.sizeMm().height() - 4.2) < 0.01);
+        const Metafile& m = *r.picture.metafile();
+        QCOMPARE(textos(m), texto.isEmpty() ? 0 : 1);
+        if (!texto.isEmpty()) {
+            const Metafile::Text& t = m.ops().front().text;
+            QCOMPARE(t.text, texto);
+            // The letters fill the picture from side to side.
+            qreal total = 0;
+            for (qreal d : t.dx)
+                total += d;
+            QVERIFY(qAbs(total - m.frame().width()) <= texto.size());
+        }
+    }
+
+    // The items' own pictures load, and the bar code is a real EAN-13.
+    void incorporadas()
+    {
+        for (int i = 0; i <= 36; ++i)
+            QVERIFY2(imagenIncorporada(i) && !imagenIncorporada(i)->isNull(),
+                     qPrintable(QString::number(i)));
+        QCOMPARE(errorNumber([] { imagenIncorporada(37); }), 9);
+        const Metafile& barras = *imagenIncorporada(16)->metafile();
+        QCOMPARE(barras.ops().size(), size_t(1));
+        const QImage& img = barras.ops().front().image;
+        QCOMPARE(img.size(), QSize(205, 76));
+        QCOMPARE(img.depth(), 32); // read from 24 bits a pixel
+        const auto barrasEnFila = [&](int y) {
+            int n = 0;
+            for (int x = 1; x < img.width(); ++x)
+                n += qGray(img.pixel(x, y)) < 128 && qGray(img.pixel(x - 1, y)) >= 128;
+            return n;
+        };
+        QCOMPARE(barrasEnFila(30), 30); // 2 + 6 x 2 + 2 + 6 x 2 + 2
+        QCOMPARE(barrasEnFila(70), 6);  // the guard bars run longer
+        QVERIFY(qAbs(imagenIncorporada(16)->sizeMm().width() - 26) < 0.01);
+        QCOMPARE(imagenIncorporada(11)->metafile()->ops().front().text.text,
+                 QStringLiteral("99.999"));
+        QCOMPARE(imagenIncorporada(0)->metafile()->ops().front().text.text, QString(15, '9'));
+    }
+
+    // Metafiles written by other programs and by hand, record by record.
+    void ajenos_data()
+    {
+        QTest::addColumn<QString>("archivo");
+        QTest::addColumn<QPoint>("punto");
+        QTest::addColumn<QString>("color");
+        // Hand-made, four quadrants of shapes.
+        QTest::newRow("wmf rectangle") << "shapes.wmf" << QPoint(50, 50) << "#ff0000";
+        QTest::newRow("wmf ellipse") << "shapes.wmf" << QPoint(150, 50) << "#0000ff";
+        QTest::newRow("wmf polygon in a reused slot")
+            << "shapes.wmf" << QPoint(50, 170) << "#00a000";
+        QTest::newRow("wmf corner left white") << "shapes.wmf" << QPoint(3, 3) << "#ffffff";
+        QTest::newRow("wmf round rectangle last") << "shapes.wmf" << QPoint(150, 150) << "#00a000";
+        QTest::newRow("wmf its wide black border") << "shapes.wmf" << QPoint(112, 150) << "#000000";
+        QTest::newRow("wmf bitmap left") << "bitmap.wmf" << QPoint(40, 100) << "#ff0000";
+        QTest::newRow("wmf bitmap right") << "bitmap.wmf" << QPoint(160, 100) << "#0000ff";
+        QTest::newRow("wmf polypolygon ring") << "polypolygon.wmf" << QPoint(40, 100) << "#000000";
+        QTest::newRow("wmf polypolygon hole") << "polypolygon.wmf" << QPoint(100, 100) << "#ffffff";
+        QTest::newRow("emf rectangle") << "shapes.emf" << QPoint(50, 50) << "#ff0000";
+        QTest::newRow("emf ellipse moved by the world")
+            << "shapes.emf" << QPoint(150, 50) << "#0000ff";
+        QTest::newRow("emf filled path") << "shapes.emf" << QPoint(50, 140) << "#000000";
+        QTest::newRow("emf bitmap") << "shapes.emf" << QPoint(150, 150) << "#00c800";
+    }
+
+    void ajenos()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(QPoint, punto);
+        const PictureLoad r = readPicture(datosPreview(QStringLiteral("metafiles/") + archivo));
+        QCOMPARE(r.error, PictureError::None);
+        QTEST(color(pinta(r.picture).pixel(punto)), "color");
+    }
+
+    // Text keeps its font and reads its codes by the font's character set.
+    void textoConJuegoDeCaracteres()
+    {
+        const PictureLoad w = readPicture(datosPreview(QStringLiteral("metafiles/text.wmf")));
+        QCOMPARE(w.error, PictureError::None);
+        const Metafile& m = *w.picture.metafile();
+        QCOMPARE(textos(m), 2);
+        QCOMPARE(m.ops()[0].text.text, QString::fromUtf8("ΑΒΓ"));
+        QCOMPARE(m.ops()[0].text.family, QStringLiteral("DejaVu Sans"));
+        QCOMPARE(m.ops()[0].text.dx.size(), size_t(3));
+        QCOMPARE(m.ops()[1].text.text, QStringLiteral("ABCD"));
+        QCOMPARE(m.ops()[1].text.origin, QPointF(2000, 900));
+        // No placeable header: the window is the frame, hundredths of a millimetre.
+        QCOMPARE(m.frame(), QRectF(0, 0, 4000, 1000));
+
+        const PictureLoad e = readPicture(datosPreview(QStringLiteral("metafiles/shapes.emf")));
+        QCOMPARE(e.picture.metafile()->ops().back().text.text, QString::fromUtf8("Año Ω"));
+        QVERIFY(qAbs(e.picture.sizeMm().width() - 20) < 1e-9);
+    }
+
+    // What gnuplot writes: shapes, text and the size it gives its page.
+    void gnuplot_data()
+    {
+        QTest::addColumn<QString>("archivo");
+        QTest::addColumn<QSizeF>("mm");
+        QTest::newRow("lines") << "gnuplot.emf" << QSizeF(105.48, 79.11);
+        QTest::newRow("bars") << "gnuplot-barras.emf" << QSizeF(0, 0);
+    }
+
+    void gnuplot()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(QSizeF, mm);
+        const PictureLoad r = readPicture(datosPreview(QStringLiteral("metafiles/") + archivo));
+        QCOMPARE(r.error, PictureError::None);
+        const Metafile& m = *r.picture.metafile();
+        QVERIFY(textos(m) > 3);
+        QVERIFY(m.ops().size() > 20);
+        if (!mm.isEmpty()) {
+            QVERIFY(qAbs(r.picture.sizeMm().width() - mm.width()) < 0.01);
+            QVERIFY(qAbs(r.picture.sizeMm().height() - mm.height()) < 0.01);
+        }
+        // It draws something dark on white, and not all over.
+        const QImage img = pinta(r.picture, {300, 200});
+        int oscuros = 0;
+        for (int y = 0; y < img.height(); ++y)
+            for (int x = 0; x < img.width(); ++x)
+                oscuros += qGray(img.pixel(x, y)) < 128;
+        QVERIFY2(oscuros > 300 && oscuros < 300 * 200 / 2, qPrintable(QString::number(oscuros)));
+    }
+
+    // Bitmaps, icons and JPEG, as Qt writes them.
+    void raster_data()
+    {
+        QTest::addColumn<QByteArray>("formato");
+        QTest::newRow("bmp") << QByteArray("BMP");
+        QTest::newRow("ico") << QByteArray("ICO");
+        QTest::newRow("jpeg") << QByteArray("JPEG");
+    }
+
+    void raster()
+    {
+        QFETCH(QByteArray, formato);
+        ProgramDir dir;
+        QImage img(32, 16, QImage::Format_RGB32);
+        img.fill(QColor(0, 0, 255));
+        img.setDotsPerMeterX(3780);
+        img.setDotsPerMeterY(3780);
+        // The name says nothing: the first bytes tell the format.
+        QVERIFY(img.save(dir.file(QStringLiteral("p.pic")), formato.constData()));
+        const PictureLoad r = readPicture(dir.file(QStringLiteral("p.pic")));
+        QCOMPARE(r.error, PictureError::None);
+        QCOMPARE(r.picture.kind(), Picture::Kind::Raster);
+        QCOMPARE(r.picture.image().size(), QSize(32, 16));
+        QVERIFY(qAbs(r.picture.sizeMm().width() - 32 * 25.4 / 96) < 0.1);
+        QVERIFY(qBlue(pinta(r.picture).pixel(100, 100)) > 200);
+    }
+
+    // What cannot be read fails as a whole, never half-way and never by crashing.
+    void fallan_data()
+    {
+        QTest::addColumn<QString>("archivo");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("error");
+        QTest::newRow("missing") << "nada.wmf" << QByteArray() << 53;
+        QTest::newRow("empty") << "vacio.bmp" << QByteArray("") << 481;
+        QTest::newRow("text") << "texto.jpg" << QByteArray("hola, mundo\r\n") << 481;
+        QTest::newRow("bmp cut") << "cut.bmp"
+                                 << QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0", 16) << 481;
+        QTest::newRow("jpeg cut") << "cut.jpg" << QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF", 10)
+                                  << 481;
+        QTest::newRow("ico cut") << "cut.ico" << QByteArray("\0\0\1\0\1\0", 6) << 481;
+        const QDir d(datosPreview(QStringLiteral("metafiles/damaged")));
+        for (const QString& f : d.entryList(QDir::Files))
+            QTest::newRow(qPrintable(f)) << d.filePath(f) << QByteArray() << 481;
+    }
+
+    void fallan()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(QByteArray, bytes);
+        ProgramDir dir;
+        QString path = archivo;
+        if (QFileInfo(archivo).isRelative()) {
+            path = dir.file(archivo);
+            if (archivo != QLatin1String("nada.wmf"))
+                dir.write(archivo, bytes);
+        }
+        QTEST(errorNumber([&] { loadPicture(path); }), "error");
+        Picture antes = Picture::fromImage(QImage(1, 1, QImage::Format_RGB32));
+        QVERIFY(!tryLoadPicture(path, antes));
+        QCOMPARE(antes.kind(), Picture::Kind::Raster); // left alone
+    }
+
+    // An empty path is no picture, which clears what was shown.
+    void rutaVacia()
+    {
+        Picture p = Picture::fromImage(QImage(1, 1, QImage::Format_RGB32));
+        QVERIFY(tryLoadPicture(QString(), p));
+        QVERIFY(p.isNull());
+        QVERIFY(loadPicture(QString()).isNull());
+    }
+};
+
+QTEST_MAIN(TestImagenes)
+#include "tst_imagenes.moc"
