@@ -5,6 +5,7 @@
 #include "Comprobacion.h"
 #include "Configuracion.h"
 #include "FileSystem.h"
+#include "RenderVista.h"
 #include "TextLines.h"
 
 #include <QCoreApplication>
@@ -249,4 +250,19 @@ int cmdCheck(CliContext& ctx, QStringList args)
         found += hallazgos.size();
     }
     return found ? 1 : 0;
+}
+
+int cmdPreview(CliContext& ctx, QStringList args)
+{
+    const char* usage = "usage: korvo-cli preview FILE [--label KN] -o OUT.png|.svg|.pdf";
+    const QString label = takeOption(args, QStringLiteral("--label"));
+    const QString out = takeOption(args, QStringLiteral("-o"));
+    if (out.isEmpty() || !QRegularExpression(QStringLiteral("\\.(png|svg|pdf)$"),
+                                             QRegularExpression::CaseInsensitiveOption)
+                              .match(out)
+                              .hasMatch())
+        throw UsageError(usage);
+    ctx.load(needFile(args, usage), label);
+    exportarVistaPrevia(ctx.mb, out);
+    return 0;
 }

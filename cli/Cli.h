@@ -51,3 +51,4 @@ bool takeFlag(QStringList& args, const QString& name);
 int cmdShow(CliContext& ctx, QStringList args);
 int cmdExport(CliContext& ctx, QStringList args);
 int cmdCheck(CliContext& ctx, QStringList args);
+int cmdPreview(CliContext& ctx, QStringList args);

@@ -15,6 +15,7 @@ const char* const kUsage =
     "  show FILE [--label KN] [--json]   the label as the designer unfolds it\n"
     "  export FILE [--label KN] -o OUT   writes the label as a label file\n"
     "  check FILE...                     what the readers would take wrongly\n"
+    "  preview FILE [--label KN] -o OUT  renders the preview as PNG, SVG or PDF\n"
     "\n"
     "FILE is a set file or a label file, told apart by the next-to-last character\n"
     "of its name. KN is a kind and a number: V3, T5.\n";
@@ -33,6 +34,7 @@ int main(int argc, char** argv)
         {QStringLiteral("show"), cmdShow},
         {QStringLiteral("export"), cmdExport},
         {QStringLiteral("check"), cmdCheck},
+        {QStringLiteral("preview"), cmdPreview},
     };
     CliContext ctx;
     try {

@@ -4,6 +4,7 @@
 #include "Catalogo.h"
 #include "ModBase.h"
 #include "frmCargaTXL.h"
+#include "frmVistaPrevia.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -19,7 +20,7 @@ namespace {
 // 57 units across and its width down, with the margin bands.
 class SuperficieProvisional : public QWidget {
 public:
-    SuperficieProvisional(const ModBase& mb, const QImage& fondo, QWidget* parent)
+    SuperficieProvisional(const ModBase& mb, const Picture& fondo, QWidget* parent)
         : QWidget(parent), m_mb(mb), m_fondo(fondo)
     {
         setMinimumSize(640, 520);
@@ -40,8 +41,7 @@ protected:
             // The picture stands at its own size from the surface's top left.
             p.save();
             p.setClipRect(QRectF(0, 0, 57.2, alto + 0.3));
-            p.scale(1 / escala, 1 / escala);
-            p.drawImage(QPointF(0, 0), m_fondo);
+            m_fondo.drawAtOwnSize(p, QPointF(0, 0), 1.0);
             p.restore();
         }
         if (m_mb.Sombreado == 1) {
@@ -52,7 +52,7 @@ protected:
 
 private:
     const ModBase& m_mb;
-    const QImage& m_fondo;
+    const Picture& m_fondo;
 };
 
 } // namespace
@@ -61,7 +61,7 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     : QMainWindow(parent), m_mb(mb), m_ui(ui), m_files(mb, ui, *this)
 {
     setObjectName(QStringLiteral("frmBase"));
-    const int minimo = cargaBase(m_mb, m_ui, [this](const QString& ruta) { return m_fondo.load(ruta); });
+    const int minimo = cargaBase(m_mb, m_ui, [this](const QString& ruta) { return tryLoadPicture(ruta, m_fondo); });
     m_files.IniciaLineas();
     m_files.controles.VSEtiqMin = minimo;
     m_files.controles.VSEtiq = std::max(minimo, m_mb.NumEtiqueta.toInt());
@@ -121,7 +121,11 @@ void frmBase::construirMenus()
     });
     entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
     etiqueta->addSeparator();
-    entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
+    QAction* vista = entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
+    connect(vista, &QAction::triggered, this, [this] {
+        frmVistaPrevia preview(m_mb, this);
+        preview.exec();
+    });
     etiqueta->addSeparator();
     entrada(etiqueta, "mnuEtiquetaPeso", 1300, false);
 

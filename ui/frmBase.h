@@ -3,7 +3,8 @@
 #include "FileCommands.h"
 #include "UserInteraction.h"
 
-#include <QImage>
+#include "Picture.h"
+
 #include <QMainWindow>
 #include <functional>
 
@@ -56,5 +57,5 @@ private:
     QActionGroup* m_idiomas = nullptr;
     QLabel* m_panelTipo = nullptr;
     QLabel* m_panelNombre = nullptr;
-    QImage m_fondo;
+    Picture m_fondo;
 };
