@@ -3,6 +3,52 @@
 #include <QDir>
 #include <QFileInfo>
 
+#ifdef Q_OS_UNIX
+#include <termios.h>
+#endif
+
+namespace {
+
+// What the device holds now for one setting. A terminal takes a set of
+// settings as done when any part of it was, so what it keeps is read back:
+// a pseudo-terminal, asked for odd parity, keeps the odd flag and drops the
+// parity. True where the platform has no way to ask.
+bool ajusteVigente(qintptr handle, FalloPuerto::Ajuste ajuste, const AjustesLinea& a)
+{
+#ifdef Q_OS_UNIX
+    termios tio{};
+    if (::tcgetattr(static_cast<int>(handle), &tio) != 0)
+        return false;
+    switch (ajuste) {
+    case FalloPuerto::Ajuste::Velocidad: {
+        const speed_t esperada = a.baudios == 2400   ? B2400
+                                 : a.baudios == 4800 ? B4800
+                                 : a.baudios == 9600 ? B9600
+                                 : a.baudios == 19200 ? B19200
+                                                      : 0;
+        return esperada == 0 || ::cfgetospeed(&tio) == esperada;
+    }
+    case FalloPuerto::Ajuste::Paridad: {
+        const bool con = tio.c_cflag & PARENB;
+        const bool impar = tio.c_cflag & PARODD;
+        return a.paridad == 'E' ? con && !impar : a.paridad == 'O' ? con && impar : !con;
+    }
+    case FalloPuerto::Ajuste::BitsDatos:
+        return (tio.c_cflag & CSIZE) == (a.bitsDatos == 7 ? CS7 : CS8);
+    case FalloPuerto::Ajuste::BitsParada:
+        return bool(tio.c_cflag & CSTOPB) == (a.bitsParada == 2);
+    }
+    return false;
+#else
+    Q_UNUSED(handle);
+    Q_UNUSED(ajuste);
+    Q_UNUSED(a);
+    return true;
+#endif
+}
+
+} // namespace
+
 QString nombrePuerto(const QString& programDir, int numero)
 {
 #ifdef Q_OS_WIN
@@ -41,7 +87,9 @@ void PuertoSerieQt::fallar(FalloPuerto::Tipo tipo, const QString& detalle,
     m_fallo.tipo = tipo;
     m_fallo.ajuste = ajuste;
     m_fallo.ajustes = m_ajustes;
-    m_fallo.nombre = nombre();
+    // The device in use, not what the name would resolve to now: a device
+    // that went away may have taken its link with it.
+    m_fallo.nombre = m_enUso.isEmpty() ? nombre() : m_enUso;
     m_fallo.detalle = detalle;
 }
 
@@ -50,7 +98,8 @@ bool PuertoSerieQt::open()
     m_fallo = {};
     if (m_puerto.isOpen())
         m_puerto.close();
-    m_puerto.setPortName(nombre());
+    m_enUso = nombre();
+    m_puerto.setPortName(m_enUso);
     // Open on the plainest settings, then ask for each real one in turn, so
     // that a refused setting is told by its name and not as a port that
     // would not open (a pseudo-terminal, for one, carries no parity).
@@ -64,23 +113,25 @@ bool PuertoSerieQt::open()
         return false;
     }
     using A = FalloPuerto::Ajuste;
-    const auto rechazado = [this](A ajuste) {
-        fallar(FalloPuerto::Tipo::AjusteRechazado, m_puerto.errorString(), ajuste);
+    const auto aplicar = [this](A ajuste, bool hecho) {
+        if (hecho && ajusteVigente(m_puerto.handle(), ajuste, m_ajustes))
+            return true;
+        fallar(FalloPuerto::Tipo::AjusteRechazado, hecho ? QString() : m_puerto.errorString(),
+               ajuste);
         m_puerto.close();
         return false;
     };
-    if (!m_puerto.setBaudRate(m_ajustes.baudios))
-        return rechazado(A::Velocidad);
     const auto paridad = m_ajustes.paridad == 'E'   ? QSerialPort::EvenParity
                          : m_ajustes.paridad == 'O' ? QSerialPort::OddParity
                                                     : QSerialPort::NoParity;
-    if (!m_puerto.setParity(paridad))
-        return rechazado(A::Paridad);
-    if (!m_puerto.setDataBits(m_ajustes.bitsDatos == 7 ? QSerialPort::Data7 : QSerialPort::Data8))
-        return rechazado(A::BitsDatos);
-    if (!m_puerto.setStopBits(m_ajustes.bitsParada == 2 ? QSerialPort::TwoStop
-                                                        : QSerialPort::OneStop))
-        return rechazado(A::BitsParada);
+    if (!aplicar(A::Velocidad, m_puerto.setBaudRate(m_ajustes.baudios)) ||
+        !aplicar(A::Paridad, m_puerto.setParity(paridad)) ||
+        !aplicar(A::BitsDatos, m_puerto.setDataBits(m_ajustes.bitsDatos == 7 ? QSerialPort::Data7
+                                                                             : QSerialPort::Data8)) ||
+        !aplicar(A::BitsParada, m_puerto.setStopBits(m_ajustes.bitsParada == 2
+                                                         ? QSerialPort::TwoStop
+                                                         : QSerialPort::OneStop)))
+        return false;
     // A device keeps unread bytes across a reopening (a late reply to an
     // earlier frame); a frame must start on an empty buffer.
     m_puerto.clear(QSerialPort::Input);

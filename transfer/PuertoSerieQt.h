@@ -37,6 +37,7 @@ private:
 
     QString m_programDir;
     QString m_dispositivo;
+    QString m_enUso; // the device of the last opening
     int m_numero = 1;
     AjustesLinea m_ajustes;
     QSerialPort m_puerto;
