@@ -177,9 +177,14 @@ QByteArray AdapTaCharGR(const ModBase& mb, TablaCaracteres& tabla, const QByteAr
             leerTablaCaracteres(fs::readAll(ruta), lineasTablaCaracteres(mb.Idioma), tabla);
     }
 
+    return aplicarTablaCaracteres(tabla, entrada);
+}
+
+QByteArray aplicarTablaCaracteres(const TablaCaracteres& tabla, const QByteArray& texto)
+{
     QByteArray resultado;
-    resultado.reserve(entrada.size());
-    for (const char c : entrada) {
+    resultado.reserve(texto.size());
+    for (const char c : texto) {
         const auto codigo = static_cast<unsigned char>(c);
         bool hecho = false;
         for (int k = 0; k <= 12 && !hecho; ++k) {

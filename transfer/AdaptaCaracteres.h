@@ -36,6 +36,10 @@ QByteArray AdapTaCharGR1(int16_t idioma, const QByteArray& texto);
 // accented capitals of the Western code page without their accent. Each
 // character is replaced once at most; the length stays.
 QByteArray AdapTaCharGR(const ModBase& mb, TablaCaracteres& tabla, const QByteArray& texto);
+// The last two steps on their own: the table, first place first, then the
+// accents. A target that is no byte is "Invalid procedure call or argument"
+// when a character meets it.
+QByteArray aplicarTablaCaracteres(const TablaCaracteres& tabla, const QByteArray& texto);
 
 // A number read leniently from text: leading blanks skipped, reading stops at
 // the first character that cannot belong to a number, nothing readable is 0.
