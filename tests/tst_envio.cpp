@@ -8,6 +8,7 @@
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "PuertoSerieQt.h"
+#include "RuntimeError.h"
 #include "ScriptedInteraction.h"
 
 #include <QProcess>
@@ -252,6 +253,61 @@ private slots:
         // The label is only read.
         QVERIFY(mb.Campos == antes.Campos);
         QCOMPARE(mb.TextoLibre, antes.TextoLibre);
+    }
+
+    // A reply that comes after its time, once the port is closed, is not
+    // taken for the reply to the next transfer's opening: opening the port
+    // empties what waited in it.
+    void respuestaTardiaVaciada()
+    {
+        ProgramDir pd;
+        pd.copyBuiltCatalogue();
+        ModBase mb;
+        pd.attach(mb);
+        QCOMPARE(CargarTextos(mb, 2), 0);
+        prepararEtiqueta(mb, 2, 0);
+        mb.SoloTextos = true;
+        BalanzaVirtual balanza(pd, {"--refuse", "1", "--delay", "3200", "--first-transfer-only"});
+        QVERIFY(balanza.lista());
+        ScriptedInteraction persona;
+        ProgresoRegistrado progreso;
+        {
+            PuertoSerieQt puerto(mb.programDir);
+            QCOMPARE(EnviarEtiqueta(mb, puerto, persona, progreso), 1);
+        }
+        QTest::qWait(600); // the refusal arrives on a closed port
+        PuertoSerieQt puerto(mb.programDir);
+        QCOMPARE(EnviarEtiqueta(mb, puerto, persona, progreso), 0);
+        QCOMPARE(persona.log, (QStringList{"message: " + mb.Textos(989), "message: " + mb.Textos(445)}));
+        QCOMPARE(balanza.tramas().size(), 1 + 7);
+    }
+
+    // A character table that ends too soon ends the program at the first
+    // text that needs it: nothing more goes out, no closing frame.
+    void tablaCorta()
+    {
+        ProgramDir pd;
+        pd.copyBuiltCatalogue();
+        pd.write("polish.cht", fuente("polish.cht").left(200));
+        ModBase mb;
+        pd.attach(mb);
+        QCOMPARE(CargarTextos(mb, 8), 0);
+        prepararEtiqueta(mb, 8, 1);
+        BalanzaVirtual balanza(pd, {});
+        QVERIFY(balanza.lista());
+        ScriptedInteraction persona;
+        ProgresoRegistrado progreso;
+        PuertoSerieQt puerto(mb.programDir);
+        int numero = 0;
+        try {
+            EnviarEtiqueta(mb, puerto, persona, progreso);
+        } catch (const RuntimeError& e) {
+            numero = e.number();
+        }
+        QCOMPARE(numero, 62);
+        QVERIFY(!puerto.portOpen());
+        QCOMPARE(balanza.tramas().size(), 1);
+        QVERIFY(persona.log.isEmpty());
     }
 
     // The progress line names what is going out.

@@ -77,6 +77,7 @@ struct Opciones {
     int trozos = 1;
     int pausaTrozos = 100;
     bool retornoDentro = false;
+    bool soloPrimera = false; // misbehave in the first transfer only
 };
 
 class Balanza : public QObject {
@@ -199,23 +200,26 @@ private:
     void atender(const QByteArray& t, bool checkBien)
     {
         const QByteArray tipo = t.mid(1, 2);
-        if (tipo == "44")
+        if (tipo == "44") {
             m_numero = 1;
-        else
+            ++m_transferencias;
+        } else {
             ++m_numero;
-        const int n = m_numero;
+        }
+        // Frames of a transfer where no misbehaviour applies count as 0.
+        const int n = !m_op.soloPrimera || m_transferencias <= 1 ? m_numero : 0;
 
         QByteArray veredicto;
         QByteArray r;
         constexpr char ack = 0x06, nak = 0x15;
-        if (n == m_op.desaparecer) {
+        if (n != 0 && n == m_op.desaparecer) {
             veredicto = "gone (asked)";
         } else if (m_op.callar.contains(n)) {
             veredicto = "no reply (asked)";
         } else if (!checkBien) {
             veredicto = "refused (bad check value)";
             r = respuesta(nak, "02");
-        } else if (tipo == "44" && m_op.rechazarApertura) {
+        } else if (tipo == "44" && m_op.rechazarApertura && n != 0) {
             veredicto = "refused opening (asked)";
             r = respuesta(nak, "01");
         } else if (m_op.rechazar.contains(n)) {
@@ -242,16 +246,16 @@ private:
         }
         // A 0x0D inside the reply, where a reader that stops at the first one
         // would see a refusal.
-        if (m_op.retornoDentro && r.size() >= 4 && r.at(1) != nak && r.startsWith(trama::Inicio))
+        if (m_op.retornoDentro && n != 0 && r.size() >= 4 && r.at(1) != nak && r.startsWith(trama::Inicio))
             r[1] = trama::Terminador;
 
-        escribir("frame " + QByteArray::number(n) + " [" + legible(tipo) + "] check " +
+        escribir("frame " + QByteArray::number(m_numero) + " [" + legible(tipo) + "] check " +
                  (checkBien ? "ok" : "bad") + " -> " + veredicto + ": " + hex(t));
         describir(t, tipo);
         if (!r.isEmpty())
             escribir("    reply: " + hex(r));
 
-        if (n == m_op.desaparecer) {
+        if (n != 0 && n == m_op.desaparecer) {
             quitarEnlace();
             ::close(m_maestro);
             ::close(m_esclavo);
@@ -260,9 +264,11 @@ private:
         }
         if (r.isEmpty())
             return;
-        const int retraso = m_op.retrasoEn == 0 || m_op.retrasoEn == n ? m_op.retraso : 0;
+        const int retraso =
+            n != 0 && (m_op.retrasoEn == 0 || m_op.retrasoEn == n) ? m_op.retraso : 0;
         // The reply in pieces, spread out in time.
-        const int trozos = std::max(1, std::min<int>(m_op.trozos, static_cast<int>(r.size())));
+        const int trozos =
+            n == 0 ? 1 : std::max(1, std::min<int>(m_op.trozos, static_cast<int>(r.size())));
         const qsizetype largo = (r.size() + trozos - 1) / trozos;
         for (int k = 0; k < trozos; ++k) {
             const QByteArray pieza = r.mid(k * largo, largo);
@@ -310,6 +316,7 @@ private:
     QTimer m_silencio;
     QByteArray m_entrada;
     int m_numero = 0;
+    int m_transferencias = 0;
 };
 
 QSet<int> numeros(const QStringList& valores)
@@ -344,8 +351,10 @@ int main(int argc, char** argv)
     const QCommandLineOption pieces("pieces", "Answer in K pieces.", "K");
     const QCommandLineOption pieceGap("piece-gap", "Milliseconds between pieces (100).", "MS");
     const QCommandLineOption crInside("cr-inside", "Put a 0x0D inside every reply.");
+    const QCommandLineOption firstOnly("first-transfer-only",
+                                       "Misbehave in the first transfer only.");
     p.addOptions({link, log, refuseOpening, refuse, silent, garbage, shortReply, vanish, delay,
-                  delayAt, pieces, pieceGap, crInside});
+                  delayAt, pieces, pieceGap, crInside, firstOnly});
     p.process(app);
 
     Opciones op;
@@ -360,6 +369,7 @@ int main(int argc, char** argv)
     op.trozos = p.isSet(pieces) ? p.value(pieces).toInt() : 1;
     op.pausaTrozos = p.isSet(pieceGap) ? p.value(pieceGap).toInt() : 100;
     op.retornoDentro = p.isSet(crInside);
+    op.soloPrimera = p.isSet(firstOnly);
 
     FILE* salida = stdout;
     if (p.isSet(log)) {
