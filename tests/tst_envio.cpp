@@ -249,7 +249,8 @@ private slots:
         QCOMPARE(progreso.maximo, soloTextos ? libres : libres + (modelo ? 36 : 25) + 2);
         QCOMPARE(progreso.valor, avance);
         QVERIFY(ms >= minimoMs);
-        QVERIFY2(ms < minimoMs + 2500, qPrintable(QString::number(ms)));
+        // Never a second wait where one is due, never a hang.
+        QVERIFY2(ms < minimoMs + 2900, qPrintable(QString::number(ms)));
         // The label is only read.
         QVERIFY(mb.Campos == antes.Campos);
         QCOMPARE(mb.TextoLibre, antes.TextoLibre);

@@ -114,6 +114,7 @@ public:
         m_lector = new QSocketNotifier(m_maestro, QSocketNotifier::Read, this);
         connect(m_lector, &QSocketNotifier::activated, this, [this] { leer(); });
         m_silencio.setSingleShot(true);
+        m_silencio.setTimerType(Qt::PreciseTimer);
         m_silencio.setInterval(200);
         connect(&m_silencio, &QTimer::timeout, this, [this] { tramaSinCheck(); });
         return true;
@@ -266,7 +267,8 @@ private:
             return;
         const int retraso =
             n != 0 && (m_op.retrasoEn == 0 || m_op.retrasoEn == n) ? m_op.retraso : 0;
-        // The reply in pieces, spread out in time.
+        // The reply in pieces, spread out in time. Precise timers: a coarse one
+        // may fire a twentieth early, and the program's 3000 ms are exact.
         const int trozos =
             n == 0 ? 1 : std::max(1, std::min<int>(m_op.trozos, static_cast<int>(r.size())));
         const qsizetype largo = (r.size() + trozos - 1) / trozos;
@@ -274,7 +276,7 @@ private:
             const QByteArray pieza = r.mid(k * largo, largo);
             if (pieza.isEmpty())
                 break;
-            QTimer::singleShot(retraso + k * m_op.pausaTrozos, this, [this, pieza] {
+            QTimer::singleShot(retraso + k * m_op.pausaTrozos, Qt::PreciseTimer, this, [this, pieza] {
                 ::write(m_maestro, pieza.constData(), static_cast<size_t>(pieza.size()));
             });
         }
