@@ -44,10 +44,12 @@ private slots:
         QTest::addColumn<QByteArray>("texto");
         QTest::addColumn<QByteArray>("resultado");
         // ΑΒΕΖΗΙΚΜΝΟΡΤΥΧ in windows-1253, then Γ and Ω, which have no twin.
-        QTest::newRow("Greek twins")
-            << 7 << bytes({193, 194, 197, 198, 199, 201, 202, 204, 205, 207, 209, 212, 213, 215, 195, 217})
-            << QByteArray("ABEZHIKMNOPTYX") + bytes({195, 217});
-        QTest::newRow("Polish keeps its codes") << 8 << bytes({193, 209, 165}) << bytes({193, 209, 165});
+        QTest::newRow("Greek twins") << 7
+                                     << bytes({193, 194, 197, 198, 199, 201, 202, 204, 205, 207,
+                                               209, 212, 213, 215, 195, 217})
+                                     << QByteArray("ABEZHIKMNOPTYX") + bytes({195, 217});
+        QTest::newRow("Polish keeps its codes")
+            << 8 << bytes({193, 209, 165}) << bytes({193, 209, 165});
         QTest::newRow("another language gives nothing") << 1 << QByteArray("ABC") << QByteArray();
     }
 
@@ -66,14 +68,17 @@ private slots:
         QTest::addColumn<QByteArray>("texto");
         QTest::addColumn<QByteArray>("resultado");
         // Á É Í Ó Ú À È Ì Ò Ù Ä Ë Ï Ö Ü ¥ by their windows-1252 codes.
-        const QByteArray acentos = bytes({193, 201, 205, 211, 218, 192, 200, 204, 210, 217,
-                                          196, 203, 207, 214, 220, 165});
+        const QByteArray acentos =
+            bytes({193, 201, 205, 211, 218, 192, 200, 204, 210, 217, 196, 203, 207, 214, 220, 165});
         QTest::newRow("accents, Polish") << 8 << acentos << QByteArray("AEIOUAEIOUAEIOU@");
-        QTest::newRow("small letters keep theirs") << 8 << bytes({225, 233, 252}) << bytes({225, 233, 252});
+        QTest::newRow("small letters keep theirs")
+            << 8 << bytes({225, 233, 252}) << bytes({225, 233, 252});
         // In Greek 200 is Θ, caught by the accent table without greek.cht.
-        QTest::newRow("Greek without its table") << 7 << bytes({200, 193, 165}) << QByteArray("EA@");
+        QTest::newRow("Greek without its table")
+            << 7 << bytes({200, 193, 165}) << QByteArray("EA@");
         QTest::newRow("empty stays empty") << 8 << QByteArray() << QByteArray();
-        QTest::newRow("code 0 meets the empty places, target 0") << 7 << bytes({0, 'A'}) << bytes({0, 'A'});
+        QTest::newRow("code 0 meets the empty places, target 0")
+            << 7 << bytes({0, 'A'}) << bytes({0, 'A'});
     }
 
     void sinArchivo()
@@ -96,19 +101,20 @@ private slots:
         QTest::addColumn<QByteArray>("texto");
         QTest::addColumn<QByteArray>("resultado");
         // ΑΘΗΝΑ ΣΩΦΡΩΝ: the look-alikes become Latin, the others the font's codes.
-        QTest::newRow("Greek") << 7 << bytes({193, 200, 199, 205, 193, ' ', 211, 217, 214, 209, 217, 205})
-                               << bytes({'A', 135, 'H', 'N', 'A', ' ', 145, 151, 148, 'P', 151, 'N'});
+        QTest::newRow("Greek")
+            << 7 << bytes({193, 200, 199, 205, 193, ' ', 211, 217, 214, 209, 217, 205})
+            << bytes({'A', 135, 'H', 'N', 'A', ' ', 145, 151, 148, 'P', 151, 'N'});
         QTest::newRow("Greek capitals without a twin")
             << 7 << bytes({195, 196, 200, 203, 206, 208, 211, 214, 216, 217})
             << bytes({130, 131, 135, 138, 141, 143, 145, 148, 150, 151});
         // ŁÓDŹ, ŻÓŁĆ, and Ą, which the font has at "@".
-        QTest::newRow("Polish") << 8 << bytes({163, 211, 'D', 143, ' ', 175, 211, 163, 198, ' ', 165})
+        QTest::newRow("Polish") << 8
+                                << bytes({163, 211, 'D', 143, ' ', 175, 211, 163, 198, ' ', 165})
                                 << bytes({157, 224, 'D', 141, ' ', 189, 224, 157, 143, ' ', '@'});
-        QTest::newRow("Polish capitals")
-            << 8 << bytes({198, 202, 163, 209, 211, 140, 143, 175})
-            << bytes({143, 168, 157, 227, 224, 151, 141, 189});
-        QTest::newRow("Polish small letters") << 8 << bytes({234, 179, 243, 156, 191, 185})
-                                              << bytes({169, 136, 162, 152, 190, 185});
+        QTest::newRow("Polish capitals") << 8 << bytes({198, 202, 163, 209, 211, 140, 143, 175})
+                                         << bytes({143, 168, 157, 227, 224, 151, 141, 189});
+        QTest::newRow("Polish small letters")
+            << 8 << bytes({234, 179, 243, 156, 191, 185}) << bytes({169, 136, 162, 152, 190, 185});
     }
 
     void tablasDelPrograma()
@@ -131,21 +137,23 @@ private slots:
     {
         QTest::addColumn<QByteArray>("contenido");
         QTest::addColumn<int>("lineas");
-        QTest::addColumn<QList<int>>("origen");  // places 0.. as far as given
+        QTest::addColumn<QList<int>>("origen"); // places 0.. as far as given
         QTest::addColumn<QList<int>>("destino");
         QTest::addColumn<int>("error");
         using L = QList<int>;
-        QTest::newRow("two lines") << linea("195", "130") + linea("196", "131") << 2
-                                   << L{195, 196} << L{130, 131} << 0;
-        QTest::newRow("lines beyond are not read")
-            << linea("1", "2") + "garbage\r\n" << 1 << L{1, 0} << L{2, 0} << 0;
+        QTest::newRow("two lines")
+            << linea("195", "130") + linea("196", "131") << 2 << L{195, 196} << L{130, 131} << 0;
+        QTest::newRow("lines beyond are not read") << linea("1", "2") + "garbage\r\n"
+                                                   << 1 << L{1, 0} << L{2, 0} << 0;
         QTest::newRow("line feeds alone") << QByteArray("             00065         00066\n"
                                                         "             00067         00068")
                                           << 2 << L{65, 67} << L{66, 68} << 0;
         QTest::newRow("a line too short") << QByteArray("short\r\n") << 1 << L{0} << L{0} << 0;
-        QTest::newRow("only the source") << QByteArray("             65\r\n") << 1 << L{65} << L{0} << 0;
+        QTest::newRow("only the source")
+            << QByteArray("             65\r\n") << 1 << L{65} << L{0} << 0;
         QTest::newRow("letters give 0") << linea("ab", "x1") << 1 << L{0} << L{0} << 0;
-        QTest::newRow("reading stops at a letter") << linea("12x", " 7a") << 1 << L{12} << L{7} << 0;
+        QTest::newRow("reading stops at a letter")
+            << linea("12x", " 7a") << 1 << L{12} << L{7} << 0;
         QTest::newRow("halves to even") << linea("64.5", "65.5") << 1 << L{64} << L{66} << 0;
         QTest::newRow("sign and exponent") << linea("-3", "1e2") << 1 << L{-3} << L{100} << 0;
         QTest::newRow("fewer lines than read") << linea("1", "2") << 2 << L{1} << L{2} << 62;
@@ -179,8 +187,12 @@ private slots:
         mb.Idioma = 8;
         QByteArray trece;
         for (int k = 0; k < 13; ++k)
-            trece += linea(QByteArray::number(k == 0 ? 'A' : k == 1 ? 'A' : 1),
-                           QByteArray::number(k == 0 ? 'X' : k == 1 ? 'Y' : 1));
+            trece += linea(QByteArray::number(k == 0   ? 'A'
+                                              : k == 1 ? 'A'
+                                                       : 1),
+                           QByteArray::number(k == 0   ? 'X'
+                                              : k == 1 ? 'Y'
+                                                       : 1));
         pd.write("polish.cht", trece);
         TablaCaracteres tabla;
         QCOMPARE(AdapTaCharGR(mb, tabla, "AB"), QByteArray("XB")); // the first place wins

@@ -18,16 +18,26 @@ private slots:
         QTest::addColumn<int>("y");
         QTest::addColumn<QByteArray>("hor");
         QTest::addColumn<QByteArray>("ver");
-        QTest::newRow("descriptive 1") << 1 << 20 << QByteArray("0") << 30 << QByteArray("061") << QByteArray("086");
-        QTest::newRow("price") << 13 << 22 << QByteArray("0") << 40 << QByteArray("063") << QByteArray("122");
-        QTest::newRow("price, double height") << 13 << 10 << QByteArray("2") << 12 << QByteArray("002") << QByteArray("022");
-        QTest::newRow("expiry at 26, fixed value") << 18 << 26 << QByteArray("2") << 5 << QByteArray("082") << QByteArray("000");
-        QTest::newRow("descriptive near the edge") << 5 << 6 << QByteArray("0") << 8 << QByteArray("000") << QByteArray("007");
-        QTest::newRow("lot near the edge") << 26 << 6 << QByteArray("0") << 1 << QByteArray("011") << QByteArray("000");
-        QTest::newRow("best before, both doubled") << 19 << 8 << QByteArray("3") << 57 << QByteArray("014") << QByteArray("184");
-        QTest::newRow("at 0, 0") << 12 << 0 << QByteArray("0") << 0 << QByteArray("000") << QByteArray("000");
-        QTest::newRow("a number of four digits stays whole") << 2 << 300 << QByteArray("0") << 300 << QByteArray("1069") << QByteArray("1058");
-        QTest::newRow("a size that is no digit counts as 0") << 13 << 10 << QByteArray("x") << 12 << QByteArray("016") << QByteArray("022");
+        QTest::newRow("descriptive 1")
+            << 1 << 20 << QByteArray("0") << 30 << QByteArray("061") << QByteArray("086");
+        QTest::newRow("price") << 13 << 22 << QByteArray("0") << 40 << QByteArray("063")
+                               << QByteArray("122");
+        QTest::newRow("price, double height")
+            << 13 << 10 << QByteArray("2") << 12 << QByteArray("002") << QByteArray("022");
+        QTest::newRow("expiry at 26, fixed value")
+            << 18 << 26 << QByteArray("2") << 5 << QByteArray("082") << QByteArray("000");
+        QTest::newRow("descriptive near the edge")
+            << 5 << 6 << QByteArray("0") << 8 << QByteArray("000") << QByteArray("007");
+        QTest::newRow("lot near the edge")
+            << 26 << 6 << QByteArray("0") << 1 << QByteArray("011") << QByteArray("000");
+        QTest::newRow("best before, both doubled")
+            << 19 << 8 << QByteArray("3") << 57 << QByteArray("014") << QByteArray("184");
+        QTest::newRow("at 0, 0") << 12 << 0 << QByteArray("0") << 0 << QByteArray("000")
+                                 << QByteArray("000");
+        QTest::newRow("a number of four digits stays whole")
+            << 2 << 300 << QByteArray("0") << 300 << QByteArray("1069") << QByteArray("1058");
+        QTest::newRow("a size that is no digit counts as 0")
+            << 13 << 10 << QByteArray("x") << 12 << QByteArray("016") << QByteArray("022");
     }
 
     void ejemplos()

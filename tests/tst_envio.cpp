@@ -107,7 +107,8 @@ void prepararEtiqueta(ModBase& mb, int idioma, int modelo)
                                          : QStringLiteral("CARNE~ÑO");
     mb.TextoLibre(0) = encodeFor(mb.Idioma, libre1);
     mb.TextoLibre(2) = "SECOND TEXT OF MORE THAN TWENTY-FIVE";
-    mb.TextoFijo(0) = encodeFor(mb.Idioma, idioma == 7 ? QStringLiteral("ΔΕΛΤΑ") : QStringLiteral("ÁRBOL"));
+    mb.TextoFijo(0) =
+        encodeFor(mb.Idioma, idioma == 7 ? QStringLiteral("ΔΕΛΤΑ") : QStringLiteral("ÁRBOL"));
     mb.TextoFijo(1) = "FIN";
     const int presentes[] = {1, 11, 13, 15, 16, 18, 26, 36};
     for (int n : presentes) {
@@ -140,56 +141,72 @@ private slots:
 
         using S = QStringList;
         const QByteArray carne = QByteArray("CARNE~") + bytes({148}) + "O";
-        QTest::newRow("new model") << 1 << 1 << false << S{} << 54 << S{"445"} << 0 << 52 << 0 << carne;
-        QTest::newRow("old model") << 0 << 2 << false << S{} << 33 << S{"445"} << 0 << 31 << 0 << carne;
-        QTest::newRow("new model, texts only") << 1 << 1 << true << S{} << 17 << S{"445"} << 0 << 15 << 0 << carne;
-        QTest::newRow("old model, texts only") << 0 << 5 << true << S{} << 7 << S{"445"} << 0 << 5 << 0 << carne;
+        QTest::newRow("new model")
+            << 1 << 1 << false << S{} << 54 << S{"445"} << 0 << 52 << 0 << carne;
+        QTest::newRow("old model")
+            << 0 << 2 << false << S{} << 33 << S{"445"} << 0 << 31 << 0 << carne;
+        QTest::newRow("new model, texts only")
+            << 1 << 1 << true << S{} << 17 << S{"445"} << 0 << 15 << 0 << carne;
+        QTest::newRow("old model, texts only")
+            << 0 << 5 << true << S{} << 7 << S{"445"} << 0 << 5 << 0 << carne;
         QTest::newRow("Greek") << 1 << 7 << false << S{} << 54 << S{"445"} << 0 << 52 << 0
-                               << QByteArray("\x87" "EA K") + bytes({'P', 'E', 'A', 145});
-        QTest::newRow("Polish, old model") << 0 << 8 << false << S{} << 33 << S{"445"} << 0 << 31 << 0
-                                           << bytes({157, 224, 'D', 141, ' ', '@', 168});
+                               << QByteArray("\x87"
+                                             "EA K") +
+                                      bytes({'P', 'E', 'A', 145});
+        QTest::newRow("Polish, old model") << 0 << 8 << false << S{} << 33 << S{"445"} << 0 << 31
+                                           << 0 << bytes({157, 224, 'D', 141, ' ', '@', 168});
 
-        QTest::newRow("opening refused with 0x15") << 1 << 1 << false << S{"--refuse-opening"}
-            << 1 << S{"544", "989"} << 1 << 0 << 0 << QByteArray();
-        QTest::newRow("opening refused") << 1 << 1 << false << S{"--refuse", "1"}
-            << 1 << S{"989"} << 1 << 0 << 0 << QByteArray();
-        QTest::newRow("opening unanswered") << 1 << 1 << false << S{"--silent", "1"}
-            << 1 << S{"989"} << 1 << 0 << 3000 << QByteArray();
-        QTest::newRow("free text 3 refused") << 1 << 1 << false << S{"--refuse", "4"}
-            << 4 << S{"1327 1307"} << 1 << 2 << 0 << QByteArray();
-        QTest::newRow("free text 2 answered too late") << 0 << 1 << false << S{"--delay", "3300", "--delay-at", "3"}
-            << 3 << S{"1327 1307"} << 1 << 1 << 3000 << QByteArray();
-        QTest::newRow("garbage for free text 1") << 0 << 1 << true << S{"--garbage", "2"}
-            << 2 << S{"1327 1307"} << 1 << 0 << 0 << QByteArray();
-        QTest::newRow("short reply for free text 1") << 0 << 1 << true << S{"--short", "2"}
-            << 2 << S{"1327 1307"} << 1 << 0 << 0 << QByteArray();
-        QTest::newRow("field 1 refused") << 1 << 1 << false << S{"--refuse", "17"}
-            << 17 << S{"1327 258 623"} << 1 << 15 << 0 << QByteArray();
-        QTest::newRow("field 14 refused, old model") << 0 << 1 << false << S{"--refuse", "20"}
-            << 20 << S{"1327 258 623"} << 1 << 18 << 0 << QByteArray();
+        QTest::newRow("opening refused with 0x15")
+            << 1 << 1 << false << S{"--refuse-opening"} << 1 << S{"544", "989"} << 1 << 0 << 0
+            << QByteArray();
+        QTest::newRow("opening refused") << 1 << 1 << false << S{"--refuse", "1"} << 1 << S{"989"}
+                                         << 1 << 0 << 0 << QByteArray();
+        QTest::newRow("opening unanswered") << 1 << 1 << false << S{"--silent", "1"} << 1
+                                            << S{"989"} << 1 << 0 << 3000 << QByteArray();
+        QTest::newRow("free text 3 refused") << 1 << 1 << false << S{"--refuse", "4"} << 4
+                                             << S{"1327 1307"} << 1 << 2 << 0 << QByteArray();
+        QTest::newRow("free text 2 answered too late")
+            << 0 << 1 << false << S{"--delay", "3300", "--delay-at", "3"} << 3 << S{"1327 1307"}
+            << 1 << 1 << 3000 << QByteArray();
+        QTest::newRow("garbage for free text 1") << 0 << 1 << true << S{"--garbage", "2"} << 2
+                                                 << S{"1327 1307"} << 1 << 0 << 0 << QByteArray();
+        QTest::newRow("short reply for free text 1")
+            << 0 << 1 << true << S{"--short", "2"} << 2 << S{"1327 1307"} << 1 << 0 << 0
+            << QByteArray();
+        QTest::newRow("field 1 refused") << 1 << 1 << false << S{"--refuse", "17"} << 17
+                                         << S{"1327 258 623"} << 1 << 15 << 0 << QByteArray();
+        QTest::newRow("field 14 refused, old model")
+            << 0 << 1 << false << S{"--refuse", "20"} << 20 << S{"1327 258 623"} << 1 << 18 << 0
+            << QByteArray();
         // The second currency failing lets the rest of the fields go, and no more.
-        QTest::newRow("field 15 refused") << 1 << 1 << false << S{"--refuse", "31"}
-            << 52 << S{"1327 258 623"} << 1 << 50 << 0 << QByteArray();
-        QTest::newRow("field 15 unanswered, old model") << 0 << 1 << false << S{"--silent", "21"}
-            << 31 << S{"1327 258 623"} << 1 << 29 << 3000 << QByteArray();
-        QTest::newRow("field 15 and 16 refused") << 1 << 1 << false << S{"--refuse", "31,32"}
-            << 32 << S{"1327 258 623", "1327 258 623"} << 1 << 29 << 0 << QByteArray();
-        QTest::newRow("fixed texts refused") << 1 << 1 << false << S{"--refuse", "53"}
-            << 53 << S{"1327 1337"} << 1 << 51 << 0 << QByteArray();
-        QTest::newRow("closing refused") << 1 << 1 << false << S{"--refuse", "54"}
-            << 54 << S{"1328"} << 1 << 52 << 0 << QByteArray();
-        QTest::newRow("closing refused, texts only") << 1 << 1 << true << S{"--refuse", "17"}
-            << 17 << S{"1328"} << 1 << 15 << 0 << QByteArray();
+        QTest::newRow("field 15 refused") << 1 << 1 << false << S{"--refuse", "31"} << 52
+                                          << S{"1327 258 623"} << 1 << 50 << 0 << QByteArray();
+        QTest::newRow("field 15 unanswered, old model")
+            << 0 << 1 << false << S{"--silent", "21"} << 31 << S{"1327 258 623"} << 1 << 29 << 3000
+            << QByteArray();
+        QTest::newRow("field 15 and 16 refused")
+            << 1 << 1 << false << S{"--refuse", "31,32"} << 32 << S{"1327 258 623", "1327 258 623"}
+            << 1 << 29 << 0 << QByteArray();
+        QTest::newRow("fixed texts refused") << 1 << 1 << false << S{"--refuse", "53"} << 53
+                                             << S{"1327 1337"} << 1 << 51 << 0 << QByteArray();
+        QTest::newRow("closing refused") << 1 << 1 << false << S{"--refuse", "54"} << 54
+                                         << S{"1328"} << 1 << 52 << 0 << QByteArray();
+        QTest::newRow("closing refused, texts only") << 1 << 1 << true << S{"--refuse", "17"} << 17
+                                                     << S{"1328"} << 1 << 15 << 0 << QByteArray();
 
-        QTest::newRow("late, within the time") << 0 << 1 << true << S{"--delay", "2000", "--delay-at", "3"}
-            << 7 << S{"445"} << 0 << 5 << 2000 << QByteArray();
-        QTest::newRow("replies in pieces") << 0 << 1 << true << S{"--pieces", "4", "--piece-gap", "60"}
-            << 7 << S{"445"} << 0 << 5 << 0 << QByteArray();
-        QTest::newRow("0x0D inside every reply") << 0 << 1 << false << S{"--cr-inside", "--pieces", "2", "--piece-gap", "20"}
-            << 33 << S{"445"} << 0 << 31 << 0 << QByteArray();
+        QTest::newRow("late, within the time")
+            << 0 << 1 << true << S{"--delay", "2000", "--delay-at", "3"} << 7 << S{"445"} << 0 << 5
+            << 2000 << QByteArray();
+        QTest::newRow("replies in pieces")
+            << 0 << 1 << true << S{"--pieces", "4", "--piece-gap", "60"} << 7 << S{"445"} << 0 << 5
+            << 0 << QByteArray();
+        QTest::newRow("0x0D inside every reply")
+            << 0 << 1 << false << S{"--cr-inside", "--pieces", "2", "--piece-gap", "20"} << 33
+            << S{"445"} << 0 << 31 << 0 << QByteArray();
         // The time is not stretched by a reply that began in it.
-        QTest::newRow("last piece after the time") << 0 << 1 << false << S{"--pieces", "2", "--piece-gap", "3300"}
-            << 1 << S{"989"} << 1 << 0 << 3000 << QByteArray();
+        QTest::newRow("last piece after the time")
+            << 0 << 1 << false << S{"--pieces", "2", "--piece-gap", "3300"} << 1 << S{"989"} << 1
+            << 0 << 3000 << QByteArray();
     }
 
     void transferencia()
@@ -243,7 +260,8 @@ private slots:
         for (int i = 0; i < recibidas; ++i)
             QCOMPARE(llegadas.at(i).toHex(' '), flujo.at(i).toHex(' '));
         if (!libre1.isEmpty())
-            QCOMPARE(llegadas.at(1).mid(modelo ? 5 : 4, libre1.size()).toHex(' '), libre1.toHex(' '));
+            QCOMPARE(llegadas.at(1).mid(modelo ? 5 : 4, libre1.size()).toHex(' '),
+                     libre1.toHex(' '));
 
         const int libres = modelo ? 15 : 5;
         QCOMPARE(progreso.maximo, soloTextos ? libres : libres + (modelo ? 36 : 25) + 2);
@@ -279,7 +297,8 @@ private slots:
         QTest::qWait(600); // the refusal arrives on a closed port
         PuertoSerieQt puerto(mb.programDir);
         QCOMPARE(EnviarEtiqueta(mb, puerto, persona, progreso), 0);
-        QCOMPARE(persona.log, (QStringList{"message: " + mb.Textos(989), "message: " + mb.Textos(445)}));
+        QCOMPARE(persona.log,
+                 (QStringList{"message: " + mb.Textos(989), "message: " + mb.Textos(445)}));
         QCOMPARE(balanza.tramas().size(), 1 + 7);
     }
 
@@ -339,7 +358,8 @@ private slots:
         QTest::addColumn<QStringList>("lineas"); // text ids of the lines after the first
         QTest::addColumn<int>("recibidas");
         QTest::newRow("no device behind COM1") << "sinDispositivo" << QStringList{"989"} << 0;
-        QTest::newRow("even parity on a pseudo-terminal") << "paridad" << QStringList{"262:1323", "989"} << 0;
+        QTest::newRow("even parity on a pseudo-terminal")
+            << "paridad" << QStringList{"262:1323", "989"} << 0;
         QTest::newRow("odd parity") << "impar" << QStringList{"262:1324", "989"} << 0;
         QTest::newRow("7 data bits") << "bitsDatos" << QStringList{"263:7", "989"} << 0;
         QTest::newRow("the scale goes away at field 4") << "desaparece" << QStringList{"989"} << 20;
@@ -383,14 +403,16 @@ private slots:
 
         QCOMPARE(persona.log.size(), 1);
         const QStringList partes = persona.log.first().split('\n');
-        QVERIFY2(partes.first().startsWith("message: Communication port: " + pd.file("dosdevices/com1")),
-                 qPrintable(partes.first()));
+        QVERIFY2(
+            partes.first().startsWith("message: Communication port: " + pd.file("dosdevices/com1")),
+            qPrintable(partes.first()));
         QStringList esperadas;
         for (const QString& l : lineas) {
             const QStringList idValor = l.split(':');
             QString t = mb.Textos(idValor.at(0).toInt());
             if (idValor.size() > 1)
-                t += ": " + (idValor.at(1).size() > 1 ? mb.Textos(idValor.at(1).toInt()) : idValor.at(1));
+                t += ": " +
+                     (idValor.at(1).size() > 1 ? mb.Textos(idValor.at(1).toInt()) : idValor.at(1));
             esperadas.append(t);
         }
         QCOMPARE(partes.mid(1).join('\n'), esperadas.join('\n'));

@@ -64,10 +64,7 @@ private slots:
         QCOMPARE(t.at(8), '\r');
     }
 
-    void cierre()
-    {
-        QCOMPARE(TramaCierre(), hex("023030000003490D"));
-    }
+    void cierre() { QCOMPARE(TramaCierre(), hex("023030000003490D")); }
 
     // The frames of a label as the scale expects them, from what it was
     // built against.
@@ -76,13 +73,15 @@ private slots:
         QTest::addColumn<QString>("que");
         QTest::addColumn<int>("modelo");
         QTest::addColumn<QByteArray>("esperada");
-        QTest::newRow("free text 1, new model") << "textoLibre" << 1
-            << hex("02393A30304341524E45") + blancos(20) + hex("00037B0D");
-        QTest::newRow("free text 1, old model") << "textoLibre" << 0
-            << hex("02393A304341524E45") + blancos(20) + hex("0003480D");
+        QTest::newRow("free text 1, new model")
+            << "textoLibre" << 1 << hex("02393A30304341524E45") + blancos(20) + hex("00037B0D");
+        QTest::newRow("free text 1, old model")
+            << "textoLibre" << 0 << hex("02393A304341524E45") + blancos(20) + hex("0003480D");
         QTest::newRow("field 1 of V1 PESCADO") << "campo" << 1
-            << hex("0239390056003100343500504553434144" "4F00410030343330323930310003450D");
-        QTest::newRow("two empty fixed texts") << "fijos" << 1
+                                               << hex("0239390056003100343500504553434144"
+                                                      "4F00410030343330323930310003450D");
+        QTest::newRow("two empty fixed texts")
+            << "fijos" << 1
             << hex("0239303000") + blancos(25) + hex("003000") + blancos(25) + hex("0003760D");
     }
 
@@ -125,11 +124,10 @@ private slots:
         QTest::newRow("209 is a Greek capital P") << 7 << bytes({209}) << QByteArray("P");
         QTest::newRow("position 25 changes")
             << 1 << QByteArray(24, 'X') + bytes({156}) << QByteArray(24, 'X') + bytes({136});
-        QTest::newRow("position 26 keeps its code")
-            << 1 << QByteArray(25, 'X') + bytes({156, 128})
-            << QByteArray(25, 'X') + bytes({156, 128});
-        QTest::newRow("each character changes once") << 1 << bytes({136, 148, 112})
-                                                     << bytes({136, 148, 112});
+        QTest::newRow("position 26 keeps its code") << 1 << QByteArray(25, 'X') + bytes({156, 128})
+                                                    << QByteArray(25, 'X') + bytes({156, 128});
+        QTest::newRow("each character changes once")
+            << 1 << bytes({136, 148, 112}) << bytes({136, 148, 112});
     }
 
     void reemplazos()
@@ -233,19 +231,24 @@ private slots:
         QTest::addColumn<int>("resultado");
         QTest::addColumn<bool>("rechazaApertura");
         using L = QList<QByteArray>;
-        QTest::newRow("accepted") << L{hex("020630300340" "0D")} << true << 0 << false;
+        QTest::newRow("accepted") << L{hex("020630300340"
+                                           "0D")}
+                                  << true << 0 << false;
         QTest::newRow("accepted in pieces")
             << L{hex("02"), hex("0630"), hex("30"), hex("03400D")} << true << 0 << false;
         QTest::newRow("0x0D inside a piece ends nothing")
             << L{hex("020D303003")} << false << 0 << false;
         QTest::newRow("0x0D inside, then the end")
             << L{hex("020D303003"), hex("400D")} << true << 0 << false;
-        QTest::newRow("refused") << L{hex("02063031" "03410D")} << true << 1 << false;
-        QTest::newRow("refused opening") << L{hex("02153031" "03520D")} << true << 1 << true;
+        QTest::newRow("refused") << L{hex("02063031"
+                                          "03410D")}
+                                 << true << 1 << false;
+        QTest::newRow("refused opening") << L{hex("02153031"
+                                                  "03520D")}
+                                         << true << 1 << true;
         QTest::newRow("three bytes") << L{hex("30300D")} << true << 1 << false;
         QTest::newRow("0x0D alone") << L{hex("0D")} << true << 1 << false;
-        QTest::newRow("only the bytes 3 and 4 count")
-            << L{hex("FF4130300D")} << true << 0 << false;
+        QTest::newRow("only the bytes 3 and 4 count") << L{hex("FF4130300D")} << true << 0 << false;
         QTest::newRow("0x15 in a reply not yet ended") << L{hex("0215")} << false << 1 << true;
         QTest::newRow("nothing") << L{} << false << 1 << false;
     }

@@ -26,42 +26,33 @@ RuntimeError finDeArchivo()
     return {62, QStringLiteral("Input past end of file")};
 }
 
-// The Greek capitals (windows-1253) that have a Latin twin in the font.
-char latinaDeGriega(unsigned char codigo)
-{
-    switch (codigo) {
-    case 193: return 'A';
-    case 194: return 'B';
-    case 197: return 'E';
-    case 198: return 'Z';
-    case 199: return 'H';
-    case 201: return 'I';
-    case 202: return 'K';
-    case 204: return 'M';
-    case 205: return 'N';
-    case 207: return 'O';
-    case 209: return 'P';
-    case 212: return 'T';
-    case 213: return 'Y';
-    case 215: return 'X';
-    default: return 0;
-    }
-}
+struct Par {
+    unsigned char codigo;
+    char letra;
+};
 
-// The accented capitals of windows-1252 and their plain letter. These are
-// codes, whatever the language: in Greek and Polish the same codes are other
-// letters, and the table file, which comes first, is where they are caught.
-char sinAcento(unsigned char codigo)
+// The Greek capitals (windows-1253) that have a Latin twin in the font.
+constexpr Par kGemelas[] = {
+    {193, 'A'}, {194, 'B'}, {197, 'E'}, {198, 'Z'}, {199, 'H'}, {201, 'I'}, {202, 'K'},
+    {204, 'M'}, {205, 'N'}, {207, 'O'}, {209, 'P'}, {212, 'T'}, {213, 'Y'}, {215, 'X'},
+};
+
+// The accented capitals of windows-1252 and their plain letter: Á É Í Ó Ú,
+// À È Ì Ò Ù, Ä Ë Ï Ö Ü, and ¥. These are codes, whatever the language: in
+// Greek and Polish the same codes are other letters, and the table file,
+// which comes first, is where those are caught.
+constexpr Par kAcentos[] = {
+    {193, 'A'}, {201, 'E'}, {205, 'I'}, {211, 'O'}, {218, 'U'}, {192, 'A'}, {200, 'E'}, {204, 'I'},
+    {210, 'O'}, {217, 'U'}, {196, 'A'}, {203, 'E'}, {207, 'I'}, {214, 'O'}, {220, 'U'}, {165, '@'},
+};
+
+template <std::size_t N> char buscar(const Par (&tabla)[N], unsigned char codigo)
 {
-    switch (codigo) {
-    case 193: case 192: case 196: return 'A';  // Á À Ä
-    case 201: case 200: case 203: return 'E';  // É È Ë
-    case 205: case 204: case 207: return 'I';  // Í Ì Ï
-    case 211: case 210: case 214: return 'O';  // Ó Ò Ö
-    case 218: case 217: case 220: return 'U';  // Ú Ù Ü
-    case 165: return '@';                      // ¥, also in Polish
-    default: return 0;
+    for (const Par& p : tabla) {
+        if (p.codigo == codigo)
+            return p.letra;
     }
+    return 0;
 }
 
 // The five columns of a number, counted from 1; a line too short gives "".
@@ -159,7 +150,7 @@ QByteArray AdapTaCharGR1(int16_t idioma, const QByteArray& texto)
         return resultado; // never called for another language
     resultado.reserve(texto.size());
     for (const char c : texto) {
-        const char latina = latinaDeGriega(static_cast<unsigned char>(c));
+        const char latina = buscar(kGemelas, static_cast<unsigned char>(c));
         resultado.append(latina ? latina : c);
     }
     return resultado;
@@ -199,7 +190,7 @@ QByteArray aplicarTablaCaracteres(const TablaCaracteres& tabla, const QByteArray
         }
         if (hecho)
             continue;
-        const char llana = sinAcento(codigo);
+        const char llana = buscar(kAcentos, codigo);
         resultado.append(llana ? llana : c);
     }
     return resultado;

@@ -2,9 +2,9 @@
 
 #include "BoundedArray.h"
 
+#include <cstdint>
 #include <QByteArray>
 #include <QByteArrayView>
-#include <cstdint>
 
 struct ModBase;
 

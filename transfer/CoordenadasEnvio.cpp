@@ -146,7 +146,8 @@ void CalculaCoordenadasEnvio(const ModBase& mb, CoordenadasEnvio& coordenadas)
         const Campo& campo = mb.Campos(n);
         // The size is one digit; anything else still compares as a number.
         const double s = std::clamp(redondeoPar(valorTexto(campo.Tamano)), -1.0, 3.0);
-        coordenadas.CoordHor(n) = textoCoordenada(coordenadaHorEnvio(n, campo.PosHor, static_cast<int>(s)));
+        coordenadas.CoordHor(n) =
+            textoCoordenada(coordenadaHorEnvio(n, campo.PosHor, static_cast<int>(s)));
         coordenadas.CoordVer(n) = textoCoordenada(coordenadaVerEnvio(campo.PosVer));
     }
 }

@@ -28,8 +28,7 @@ int campos(const ModBase& mb)
 Envio::Envio(const ModBase& mb, PuertoSerie& puerto, UserInteraction& persona,
              ProgresoEnvio& progreso)
     : m_mb(mb), m_puerto(puerto), m_persona(persona), m_progreso(progreso)
-{
-}
+{}
 
 Envio::~Envio()
 {
@@ -50,8 +49,7 @@ void Envio::cargar()
     m_estadoEnvio = 0;
     // A whole transfer counts the opening and closing frames in its maximum
     // but advances only on the label's own frames: it ends one step short.
-    const int maximo =
-        m_mb.SoloTextos ? textosLibres(m_mb) : textosLibres(m_mb) + campos(m_mb) + 2;
+    const int maximo = m_mb.SoloTextos ? textosLibres(m_mb) : textosLibres(m_mb) + campos(m_mb) + 2;
     m_progreso.setMaximo(maximo);
     m_valor = 0;
     m_progreso.setValor(0);
@@ -308,7 +306,9 @@ QString mensajeFalloPuerto(const ModBase& mb, const FalloPuerto& fallo)
             break;
         case FalloPuerto::Ajuste::Paridad:
             m += '\n' + mb.Textos(262) + QStringLiteral(": ") +
-                 mb.Textos(a.paridad == 'E' ? 1323 : a.paridad == 'O' ? 1324 : 1322);
+                 mb.Textos(a.paridad == 'E'   ? 1323
+                           : a.paridad == 'O' ? 1324
+                                              : 1322);
             break;
         case FalloPuerto::Ajuste::BitsDatos:
             m += '\n' + mb.Textos(263) + QStringLiteral(": ") + QString::number(a.bitsDatos);

@@ -5,11 +5,11 @@
 #include "PuertoSerie.h"
 #include "Tramas.h"
 
+#include <cstdint>
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QList>
 #include <QString>
-#include <cstdint>
 
 struct ModBase;
 class UserInteraction;

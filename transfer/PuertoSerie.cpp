@@ -4,8 +4,8 @@
 
 QByteArray AjustesLinea::texto() const
 {
-    return QByteArray::number(baudios) + ',' + paridad + ',' + QByteArray::number(bitsDatos) +
-           ',' + QByteArray::number(bitsParada);
+    return QByteArray::number(baudios) + ',' + paridad + ',' + QByteArray::number(bitsDatos) + ',' +
+           QByteArray::number(bitsParada);
 }
 
 AjustesLinea ajustesLinea(const ModBase& mb)

@@ -31,9 +31,9 @@ AjustesLinea ajustesLinea(const ModBase& mb);
 struct FalloPuerto {
     enum class Tipo {
         Ninguno,
-        NoAbre,           // the device is not there, is busy, or is not ours to open
-        AjusteRechazado,  // the device refuses one of the line settings
-        Perdido,          // the device went away, or stopped taking bytes, during the transfer
+        NoAbre,          // the device is not there, is busy, or is not ours to open
+        AjusteRechazado, // the device refuses one of the line settings
+        Perdido,         // the device went away, or stopped taking bytes, during the transfer
     };
     enum class Ajuste { Velocidad, Paridad, BitsDatos, BitsParada };
 

@@ -21,9 +21,9 @@ bool ajusteVigente(qintptr handle, FalloPuerto::Ajuste ajuste, const AjustesLine
         return false;
     switch (ajuste) {
     case FalloPuerto::Ajuste::Velocidad: {
-        const speed_t esperada = a.baudios == 2400   ? B2400
-                                 : a.baudios == 4800 ? B4800
-                                 : a.baudios == 9600 ? B9600
+        const speed_t esperada = a.baudios == 2400    ? B2400
+                                 : a.baudios == 4800  ? B4800
+                                 : a.baudios == 9600  ? B9600
                                  : a.baudios == 19200 ? B19200
                                                       : 0;
         return esperada == 0 || ::cfgetospeed(&tio) == esperada;
@@ -57,7 +57,8 @@ QString nombrePuerto(const QString& programDir, int numero)
 #else
     // A link dosdevices/comN beside the program names the device of COMn,
     // as Wine has it; without one the first serial devices stand in.
-    const QString enlace = QDir(programDir).filePath(QStringLiteral("dosdevices/com%1").arg(numero));
+    const QString enlace =
+        QDir(programDir).filePath(QStringLiteral("dosdevices/com%1").arg(numero));
     if (QFileInfo(enlace).isSymLink() || QFileInfo::exists(enlace))
         return enlace;
     return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
@@ -126,11 +127,12 @@ bool PuertoSerieQt::open()
                                                     : QSerialPort::NoParity;
     if (!aplicar(A::Velocidad, m_puerto.setBaudRate(m_ajustes.baudios)) ||
         !aplicar(A::Paridad, m_puerto.setParity(paridad)) ||
-        !aplicar(A::BitsDatos, m_puerto.setDataBits(m_ajustes.bitsDatos == 7 ? QSerialPort::Data7
-                                                                             : QSerialPort::Data8)) ||
-        !aplicar(A::BitsParada, m_puerto.setStopBits(m_ajustes.bitsParada == 2
-                                                         ? QSerialPort::TwoStop
-                                                         : QSerialPort::OneStop)))
+        !aplicar(A::BitsDatos,
+                 m_puerto.setDataBits(m_ajustes.bitsDatos == 7 ? QSerialPort::Data7
+                                                               : QSerialPort::Data8)) ||
+        !aplicar(A::BitsParada,
+                 m_puerto.setStopBits(m_ajustes.bitsParada == 2 ? QSerialPort::TwoStop
+                                                                : QSerialPort::OneStop)))
         return false;
     // A device keeps unread bytes across a reopening (a late reply to an
     // earlier frame); a frame must start on an empty buffer.

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int AnchoTexto = 25;  // a text's share of a frame, blanks filling it
-constexpr int AnchoNombre = 7;  // the label name's share of a field frame
+constexpr int AnchoTexto = 25; // a text's share of a frame, blanks filling it
+constexpr int AnchoNombre = 7; // the label name's share of a field frame
 
 // Fills with blanks up to the width; a longer text is not cut, the frame grows.
 QByteArray relleno(QByteArray texto, int ancho)

@@ -247,7 +247,8 @@ private:
         }
         // A 0x0D inside the reply, where a reader that stops at the first one
         // would see a refusal.
-        if (m_op.retornoDentro && n != 0 && r.size() >= 4 && r.at(1) != nak && r.startsWith(trama::Inicio))
+        if (m_op.retornoDentro && n != 0 && r.size() >= 4 && r.at(1) != nak &&
+            r.startsWith(trama::Inicio))
             r[1] = trama::Terminador;
 
         escribir("frame " + QByteArray::number(m_numero) + " [" + legible(tipo) + "] check " +
@@ -276,9 +277,10 @@ private:
             const QByteArray pieza = r.mid(k * largo, largo);
             if (pieza.isEmpty())
                 break;
-            QTimer::singleShot(retraso + k * m_op.pausaTrozos, Qt::PreciseTimer, this, [this, pieza] {
-                ::write(m_maestro, pieza.constData(), static_cast<size_t>(pieza.size()));
-            });
+            QTimer::singleShot(
+                retraso + k * m_op.pausaTrozos, Qt::PreciseTimer, this, [this, pieza] {
+                    ::write(m_maestro, pieza.constData(), static_cast<size_t>(pieza.size()));
+                });
         }
     }
 
@@ -336,9 +338,9 @@ int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     QCommandLineParser p;
-    p.setApplicationDescription(QStringLiteral(
-        "A scale on a pseudo-terminal. Frames are counted from each opening frame, "
-        "which is frame 1."));
+    p.setApplicationDescription(
+        QStringLiteral("A scale on a pseudo-terminal. Frames are counted from each opening frame, "
+                       "which is frame 1."));
     p.addHelpOption();
     const QCommandLineOption link("link", "Make PATH a link to the scale's port.", "PATH");
     const QCommandLineOption log("log", "Log the frames to FILE instead of stdout.", "FILE");
