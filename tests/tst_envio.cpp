@@ -330,6 +330,41 @@ private slots:
         QVERIFY(persona.log.isEmpty());
     }
 
+    // COMn is the program folder's dosdevices/comN link when there is one,
+    // even one whose device is gone (the message then names the link).
+    void nombresDePuerto_data()
+    {
+        QTest::addColumn<int>("numero");
+        QTest::addColumn<QString>("enlace"); // what dosdevices/comN links to; empty: no link
+        QTest::addColumn<QString>("nombre"); // relative to the folder, or absolute
+        QTest::newRow("COM1 without a link") << 1 << ""
+                                             << "/dev/ttyS0";
+        QTest::newRow("COM4 without a link") << 4 << ""
+                                             << "/dev/ttyS3";
+        QTest::newRow("COM2 linked") << 2 << "/dev/null"
+                                     << "dosdevices/com2";
+        QTest::newRow("COM3 linked to nothing") << 3 << "/nonexistent"
+                                                << "dosdevices/com3";
+    }
+
+    void nombresDePuerto()
+    {
+        QFETCH(int, numero);
+        QFETCH(QString, enlace);
+        QFETCH(QString, nombre);
+        ProgramDir pd;
+        QDir().mkpath(pd.file("dosdevices"));
+        if (!enlace.isEmpty())
+            QVERIFY(QFile::link(enlace, pd.file(QStringLiteral("dosdevices/com%1").arg(numero))));
+        const QString esperado = nombre.startsWith('/') ? nombre : pd.file(nombre);
+        QCOMPARE(nombrePuerto(pd.path(), numero), esperado);
+        PuertoSerieQt puerto(pd.path());
+        puerto.setCommPort(numero);
+        QCOMPARE(puerto.nombre(), esperado);
+        puerto.setDevice("/dev/ttyUSB7");
+        QCOMPARE(puerto.nombre(), QStringLiteral("/dev/ttyUSB7"));
+    }
+
     // The progress line names what is going out.
     void lineaDeProgreso()
     {
