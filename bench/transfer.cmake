@@ -1,1 +1,3 @@
 # What the transfer area adds here.
+korvo_bench(bench_envio korvo_transfer)
+add_dependencies(bench_envio korvo-scale)

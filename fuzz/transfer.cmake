@@ -1,1 +1,3 @@
 # What the transfer area adds here.
+korvo_fuzzer(respuesta korvo_transfer)
+korvo_fuzzer(tablacaracteres korvo_transfer)

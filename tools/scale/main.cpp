@@ -1,10 +1,415 @@
-// korvo-scale: a scale on a pseudo-terminal, for trying transfers without one.
+// korvo-scale: a scale on a pseudo-terminal, for trying a transfer without
+// one. It answers every frame as a scale does, checks each frame's check
+// value, logs what it received with its verdict, and can be told to
+// misbehave in the ways a real line does: a refused opening, a refused or
+// unanswered frame, a late reply, a reply in pieces or with a 0x0D inside,
+// a short or garbled reply, a scale that goes away.
+#include "Tramas.h"
+
+#include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFile>
+#include <QSet>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace {
+
+// What a signal handler may touch: the link to take away and the slave it
+// must still point at.
+char g_enlace[4096];
+char g_esclavo[256];
+
+void quitarEnlace()
+{
+    if (!g_enlace[0])
+        return;
+    char destino[sizeof g_esclavo];
+    const ssize_t n = ::readlink(g_enlace, destino, sizeof destino - 1);
+    if (n < 0)
+        return;
+    destino[n] = 0;
+    if (std::strcmp(destino, g_esclavo) == 0)
+        ::unlink(g_enlace);
+}
+
+void alTerminar(int)
+{
+    quitarEnlace();
+    ::_exit(0);
+}
+
+QByteArray hex(const QByteArray& bytes)
+{
+    return bytes.toHex(' ').toUpper();
+}
+
+// A text of the label as a person can read it; other bytes as \xNN.
+QByteArray legible(const QByteArray& bytes)
+{
+    QByteArray out;
+    for (const char c : bytes) {
+        const auto b = static_cast<unsigned char>(c);
+        if (b >= 0x20 && b < 0x7F && b != '\\')
+            out += c;
+        else
+            out += "\\x" + QByteArray::number(b, 16).rightJustified(2, '0').toUpper();
+    }
+    return out;
+}
+
+struct Opciones {
+    bool rechazarApertura = false;
+    QSet<int> rechazar, callar, basura, corta;
+    int desaparecer = 0;
+    int retraso = 0;
+    int retrasoEn = 0; // 0: every reply
+    int trozos = 1;
+    int pausaTrozos = 100;
+    bool retornoDentro = false;
+    bool soloPrimera = false; // misbehave in the first transfer only
+};
+
+class Balanza : public QObject {
+public:
+    Balanza(Opciones opciones, FILE* log) : m_op(std::move(opciones)), m_log(log) {}
+
+    bool abrir(QString* error)
+    {
+        m_maestro = ::posix_openpt(O_RDWR | O_NOCTTY);
+        if (m_maestro < 0 || ::grantpt(m_maestro) != 0 || ::unlockpt(m_maestro) != 0) {
+            *error = QString::fromLocal8Bit(std::strerror(errno));
+            return false;
+        }
+        const char* nombre = ::ptsname(m_maestro);
+        if (!nombre) {
+            *error = QString::fromLocal8Bit(std::strerror(errno));
+            return false;
+        }
+        std::snprintf(g_esclavo, sizeof g_esclavo, "%s", nombre);
+        // The scale keeps a slave end of its own: without it, every time the
+        // program closes the port (and it does, before each field frame) the
+        // master would see a hang-up until the next opening.
+        m_esclavo = ::open(g_esclavo, O_RDWR | O_NOCTTY);
+        if (m_esclavo < 0) {
+            *error = QString::fromLocal8Bit(std::strerror(errno));
+            return false;
+        }
+        termios tio{};
+        ::tcgetattr(m_esclavo, &tio);
+        ::cfmakeraw(&tio);
+        tio.c_cflag |= CLOCAL | CREAD;
+        ::tcsetattr(m_esclavo, TCSANOW, &tio);
+        ::fcntl(m_maestro, F_SETFL, ::fcntl(m_maestro, F_GETFL) | O_NONBLOCK);
+        m_lector = new QSocketNotifier(m_maestro, QSocketNotifier::Read, this);
+        connect(m_lector, &QSocketNotifier::activated, this, [this] { leer(); });
+        m_silencio.setSingleShot(true);
+        m_silencio.setTimerType(Qt::PreciseTimer);
+        m_silencio.setInterval(200);
+        connect(&m_silencio, &QTimer::timeout, this, [this] { tramaSinCheck(); });
+        return true;
+    }
+
+    const char* esclavo() const { return g_esclavo; }
+
+private:
+    void leer()
+    {
+        char buf[512];
+        for (;;) {
+            const ssize_t n = ::read(m_maestro, buf, sizeof buf);
+            if (n > 0) {
+                m_entrada.append(buf, n);
+                continue;
+            }
+            break;
+        }
+        analizar();
+    }
+
+    // Frames end in 0x03, the check value and 0x0D. A text may hold any
+    // byte, so an end counts only where the check value agrees; an end whose
+    // check value is wrong is a bad frame once nothing more follows it.
+    void analizar()
+    {
+        for (;;) {
+            const qsizetype inicio = m_entrada.indexOf(trama::Inicio);
+            if (inicio < 0) {
+                if (!m_entrada.isEmpty())
+                    escribir("noise: " + hex(m_entrada));
+                m_entrada.clear();
+                return;
+            }
+            if (inicio > 0) {
+                escribir("noise: " + hex(m_entrada.left(inicio)));
+                m_entrada.remove(0, inicio);
+            }
+            qsizetype fin = -1;
+            bool finDudoso = false;
+            for (qsizetype i = 3; i < m_entrada.size(); ++i) {
+                const auto c = static_cast<unsigned char>(m_entrada.at(i - 1));
+                if (m_entrada.at(i) != trama::Terminador || m_entrada.at(i - 2) != trama::Fin ||
+                    c < 0x40 || c > 0x7F)
+                    continue;
+                if (i - 1 <= trama::MaxCheck && CalCheck(m_entrada.left(i - 1)) == c) {
+                    fin = i;
+                    break;
+                }
+                finDudoso = true;
+            }
+            if (fin < 0) {
+                if (finDudoso || m_entrada.size() > 4096)
+                    m_silencio.start();
+                return;
+            }
+            m_silencio.stop();
+            const QByteArray t = m_entrada.left(fin + 1);
+            m_entrada.remove(0, fin + 1);
+            atender(t, true);
+        }
+    }
+
+    void tramaSinCheck()
+    {
+        const QByteArray t = m_entrada;
+        m_entrada.clear();
+        if (!t.isEmpty())
+            atender(t, false);
+    }
+
+    static QByteArray respuesta(char reconocimiento, const char* estado)
+    {
+        QByteArray r;
+        r.append(trama::Inicio);
+        r.append(reconocimiento);
+        r.append(estado);
+        r.append(trama::Fin);
+        cerrarTrama(r);
+        return r;
+    }
+
+    void atender(const QByteArray& t, bool checkBien)
+    {
+        const QByteArray tipo = t.mid(1, 2);
+        if (tipo == "44") {
+            m_numero = 1;
+            ++m_transferencias;
+        } else {
+            ++m_numero;
+        }
+        // Frames of a transfer where no misbehaviour applies count as 0.
+        const int n = !m_op.soloPrimera || m_transferencias <= 1 ? m_numero : 0;
+
+        QByteArray veredicto;
+        QByteArray r;
+        constexpr char ack = 0x06, nak = 0x15;
+        if (n != 0 && n == m_op.desaparecer) {
+            veredicto = "gone (asked)";
+        } else if (m_op.callar.contains(n)) {
+            veredicto = "no reply (asked)";
+        } else if (!checkBien) {
+            veredicto = "refused (bad check value)";
+            r = respuesta(nak, "02");
+        } else if (tipo == "44" && m_op.rechazarApertura && n != 0) {
+            veredicto = "refused opening (asked)";
+            r = respuesta(nak, "01");
+        } else if (m_op.rechazar.contains(n)) {
+            veredicto = "refused (asked)";
+            r = respuesta(ack, "01");
+        } else if (m_op.basura.contains(n)) {
+            veredicto = "garbage reply (asked)";
+            // Bytes of no meaning, then the end of a reply.
+            quint32 semilla = 0x9E3779B9u * static_cast<quint32>(n);
+            for (int i = 0; i < 11; ++i) {
+                semilla = semilla * 1664525u + 1013904223u;
+                char c = static_cast<char>(semilla >> 24);
+                if (c == trama::Terminador || c == '0')
+                    c = '?';
+                r.append(c);
+            }
+            r.append(trama::Terminador);
+        } else if (m_op.corta.contains(n)) {
+            veredicto = "short reply (asked)";
+            r = QByteArray("00") + trama::Terminador;
+        } else {
+            veredicto = "accepted";
+            r = respuesta(ack, "00");
+        }
+        // A 0x0D inside the reply, where a reader that stops at the first one
+        // would see a refusal.
+        if (m_op.retornoDentro && n != 0 && r.size() >= 4 && r.at(1) != nak &&
+            r.startsWith(trama::Inicio))
+            r[1] = trama::Terminador;
+
+        escribir("frame " + QByteArray::number(m_numero) + " [" + legible(tipo) + "] check " +
+                 (checkBien ? "ok" : "bad") + " -> " + veredicto + ": " + hex(t));
+        describir(t, tipo);
+        if (!r.isEmpty())
+            escribir("    reply: " + hex(r));
+
+        if (n != 0 && n == m_op.desaparecer) {
+            quitarEnlace();
+            ::close(m_maestro);
+            ::close(m_esclavo);
+            QCoreApplication::exit(0);
+            return;
+        }
+        if (r.isEmpty())
+            return;
+        const int retraso =
+            n != 0 && (m_op.retrasoEn == 0 || m_op.retrasoEn == n) ? m_op.retraso : 0;
+        // The reply in pieces, spread out in time. Precise timers: a coarse one
+        // may fire a twentieth early, and the program's 3000 ms are exact.
+        const int trozos =
+            n == 0 ? 1 : std::max(1, std::min<int>(m_op.trozos, static_cast<int>(r.size())));
+        const qsizetype largo = (r.size() + trozos - 1) / trozos;
+        for (int k = 0; k < trozos; ++k) {
+            const QByteArray pieza = r.mid(k * largo, largo);
+            if (pieza.isEmpty())
+                break;
+            QTimer::singleShot(
+                retraso + k * m_op.pausaTrozos, Qt::PreciseTimer, this, [this, pieza] {
+                    ::write(m_maestro, pieza.constData(), static_cast<size_t>(pieza.size()));
+                });
+        }
+    }
+
+    // What the frame asks of the scale, for a person watching the log.
+    void describir(const QByteArray& t, const QByteArray& tipo)
+    {
+        const QList<QByteArray> partes = t.mid(3, t.size() - 6).split('\0');
+        if (tipo == "44")
+            escribir("    opening, scale " + legible(t.mid(4, t.size() - 8)));
+        else if (tipo == "9:")
+            escribir("    free text \"" + legible(t.mid(3, t.size() - 7)) + "\"");
+        else if (tipo == "99" && partes.size() >= 7) {
+            const QByteArray& datos = partes.at(6);
+            escribir("    field " + legible(partes.at(5)) + " of label " + legible(partes.at(1)) +
+                     legible(partes.at(2)) + " (" + legible(partes.at(3)) + ") \"" +
+                     legible(partes.at(4)) + "\": at " + legible(datos.left(3)) + "," +
+                     legible(datos.mid(3, 3)) + " size " + legible(datos.mid(6, 1)) +
+                     (datos.mid(7, 1) == "1" ? " present" : " absent"));
+        } else if (tipo == "90" && partes.size() >= 4)
+            escribir("    fixed text \"" + legible(partes.at(1)) + "\" / \"" +
+                     legible(partes.at(3)) + "\"");
+        else if (tipo == "00")
+            escribir("    closing: the label is complete");
+    }
+
+    void escribir(const QByteArray& linea)
+    {
+        std::fprintf(m_log, "%s\n", linea.constData());
+        std::fflush(m_log);
+    }
+
+    Opciones m_op;
+    FILE* m_log;
+    int m_maestro = -1;
+    int m_esclavo = -1;
+    QSocketNotifier* m_lector = nullptr;
+    QTimer m_silencio;
+    QByteArray m_entrada;
+    int m_numero = 0;
+    int m_transferencias = 0;
+};
+
+QSet<int> numeros(const QStringList& valores)
+{
+    QSet<int> s;
+    for (const QString& v : valores)
+        for (const QString& parte : v.split(',', Qt::SkipEmptyParts))
+            s.insert(parte.toInt());
+    return s;
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    std::fprintf(stderr, "korvo-scale: the virtual scale is not part of this build yet\n");
-    return 2;
+    QCommandLineParser p;
+    p.setApplicationDescription(
+        QStringLiteral("A scale on a pseudo-terminal. Frames are counted from each opening frame, "
+                       "which is frame 1."));
+    p.addHelpOption();
+    const QCommandLineOption link("link", "Make PATH a link to the scale's port.", "PATH");
+    const QCommandLineOption log("log", "Log the frames to FILE instead of stdout.", "FILE");
+    const QCommandLineOption refuseOpening("refuse-opening", "Refuse the opening with 0x15.");
+    const QCommandLineOption refuse("refuse", "Refuse frame N.", "N");
+    const QCommandLineOption silent("silent", "Do not answer frame N.", "N");
+    const QCommandLineOption garbage("garbage", "Answer frame N with garbage.", "N");
+    const QCommandLineOption shortReply("short", "Answer frame N with three bytes.", "N");
+    const QCommandLineOption vanish("vanish", "Go away on frame N, port and all.", "N");
+    const QCommandLineOption delay("delay", "Answer MS milliseconds late.", "MS");
+    const QCommandLineOption delayAt("delay-at", "Answer late at frame N only.", "N");
+    const QCommandLineOption pieces("pieces", "Answer in K pieces.", "K");
+    const QCommandLineOption pieceGap("piece-gap", "Milliseconds between pieces (100).", "MS");
+    const QCommandLineOption crInside("cr-inside", "Put a 0x0D inside every reply.");
+    const QCommandLineOption firstOnly("first-transfer-only",
+                                       "Misbehave in the first transfer only.");
+    p.addOptions({link, log, refuseOpening, refuse, silent, garbage, shortReply, vanish, delay,
+                  delayAt, pieces, pieceGap, crInside, firstOnly});
+    p.process(app);
+
+    Opciones op;
+    op.rechazarApertura = p.isSet(refuseOpening);
+    op.rechazar = numeros(p.values(refuse));
+    op.callar = numeros(p.values(silent));
+    op.basura = numeros(p.values(garbage));
+    op.corta = numeros(p.values(shortReply));
+    op.desaparecer = p.value(vanish).toInt();
+    op.retraso = p.value(delay).toInt();
+    op.retrasoEn = p.value(delayAt).toInt();
+    op.trozos = p.isSet(pieces) ? p.value(pieces).toInt() : 1;
+    op.pausaTrozos = p.isSet(pieceGap) ? p.value(pieceGap).toInt() : 100;
+    op.retornoDentro = p.isSet(crInside);
+    op.soloPrimera = p.isSet(firstOnly);
+
+    FILE* salida = stdout;
+    if (p.isSet(log)) {
+        salida = std::fopen(QFile::encodeName(p.value(log)).constData(), "w");
+        if (!salida) {
+            std::fprintf(stderr, "korvo-scale: cannot write %s\n", qPrintable(p.value(log)));
+            return 1;
+        }
+    }
+
+    Balanza balanza(op, salida);
+    QString error;
+    if (!balanza.abrir(&error)) {
+        std::fprintf(stderr, "korvo-scale: no pseudo-terminal: %s\n", qPrintable(error));
+        return 1;
+    }
+    if (p.isSet(link)) {
+        const QByteArray ruta = QFile::encodeName(p.value(link));
+        std::snprintf(g_enlace, sizeof g_enlace, "%s", ruta.constData());
+        // A link left by an earlier scale goes; anything else stays put.
+        struct stat st {};
+        if (::lstat(g_enlace, &st) == 0 && S_ISLNK(st.st_mode))
+            ::unlink(g_enlace);
+        if (::symlink(balanza.esclavo(), g_enlace) != 0) {
+            std::fprintf(stderr, "korvo-scale: cannot link %s: %s\n", g_enlace,
+                         std::strerror(errno));
+            g_enlace[0] = 0;
+            return 1;
+        }
+    }
+    std::signal(SIGTERM, alTerminar);
+    std::signal(SIGINT, alTerminar);
+    std::signal(SIGHUP, alTerminar);
+    std::fprintf(stderr, "korvo-scale: listening on %s%s%s\n", balanza.esclavo(),
+                 g_enlace[0] ? ", linked as " : "", g_enlace);
+    const int r = app.exec();
+    quitarEnlace();
+    return r;
 }

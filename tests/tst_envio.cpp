@@ -1,0 +1,460 @@
+// Whole transfers over a real serial port: QSerialPort on the pseudo-
+// terminal of the virtual scale, which logs every byte it received. Both
+// models, free texts only, Greek and Polish, and every way a scale or a
+// line lets a transfer down.
+#include "Catalogo.h"
+#include "CodePage.h"
+#include "Envio.h"
+#include "ModBase.h"
+#include "ProgramDir.h"
+#include "PuertoSerieQt.h"
+#include "RuntimeError.h"
+#include "ScriptedInteraction.h"
+
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+
+// The virtual scale, linked as COM1 of a program folder.
+class BalanzaVirtual {
+public:
+    BalanzaVirtual(const ProgramDir& pd, const QStringList& opciones)
+        : m_enlace(pd.file(QStringLiteral("dosdevices/com1"))),
+          m_log(pd.file(QStringLiteral("scale.log")))
+    {
+        QDir().mkpath(pd.file(QStringLiteral("dosdevices")));
+        m_proceso.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_proceso.start(QStringLiteral(KORVO_SCALE),
+                        QStringList{"--link", m_enlace, "--log", m_log} + opciones);
+        m_listo = m_proceso.waitForStarted(5000) &&
+                  QTest::qWaitFor([&] { return QFileInfo(m_enlace).isSymLink(); }, 5000);
+    }
+
+    ~BalanzaVirtual()
+    {
+        if (m_proceso.state() != QProcess::NotRunning) {
+            m_proceso.terminate();
+            if (!m_proceso.waitForFinished(3000))
+                m_proceso.kill();
+            m_proceso.waitForFinished(1000);
+        }
+    }
+
+    bool lista() const { return m_listo; }
+
+    // Every frame the scale received, in order, as it received it.
+    QList<QByteArray> tramas() const
+    {
+        QFile f(m_log);
+        QList<QByteArray> out;
+        if (!f.open(QIODevice::ReadOnly))
+            return out;
+        for (const QByteArray& linea : f.readAll().split('\n')) {
+            if (!linea.startsWith("frame "))
+                continue;
+            out.append(QByteArray::fromHex(linea.mid(linea.lastIndexOf(": ") + 2)));
+        }
+        return out;
+    }
+
+private:
+    QString m_enlace;
+    QString m_log;
+    QProcess m_proceso;
+    bool m_listo = false;
+};
+
+struct ProgresoRegistrado : ProgresoEnvio {
+    int maximo = -1;
+    int valor = -1;
+    QStringList textos;
+    void setMaximo(int m) override { maximo = m; }
+    void setValor(int v) override { valor = v; }
+    void setTexto(const QString& t) override { textos.append(t); }
+};
+
+QByteArray bytes(std::initializer_list<int> codigos)
+{
+    QByteArray b;
+    for (int c : codigos)
+        b.append(static_cast<char>(c));
+    return b;
+}
+
+QByteArray fuente(const QString& nombre)
+{
+    QFile f(QStringLiteral(KORVO_SOURCE_DIR "/res/") + nombre);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// A label with something in every part of it, in the language's code page.
+void prepararEtiqueta(ModBase& mb, int idioma, int modelo)
+{
+    mb.Idioma = static_cast<int16_t>(idioma);
+    mb.ModeloNuevo = static_cast<int16_t>(modelo);
+    mb.Puerto = 0;
+    mb.Baudios = 3;
+    mb.Paridad = 0;
+    mb.BitsDatos = 1;
+    mb.BitsParada = 0;
+    mb.NumEquipo = 2;
+    mb.TipoEtiqueta = "V";
+    mb.NumEtiqueta = modelo ? "3" : "1";
+    mb.NombreEtiqueta = "PESCADO";
+    const QString libre1 = idioma == 7   ? QStringLiteral("ΘΕΑ ΚΡΕΑΣ")
+                           : idioma == 8 ? QStringLiteral("ŁÓDŹ ĄĘ")
+                                         : QStringLiteral("CARNE~ÑO");
+    mb.TextoLibre(0) = encodeFor(mb.Idioma, libre1);
+    mb.TextoLibre(2) = "SECOND TEXT OF MORE THAN TWENTY-FIVE";
+    mb.TextoFijo(0) =
+        encodeFor(mb.Idioma, idioma == 7 ? QStringLiteral("ΔΕΛΤΑ") : QStringLiteral("ÁRBOL"));
+    mb.TextoFijo(1) = "FIN";
+    const int presentes[] = {1, 11, 13, 15, 16, 18, 26, 36};
+    for (int n : presentes) {
+        Campo& c = mb.Campos(n);
+        c.Presente = "1";
+        c.PosHor = static_cast<int16_t>(5 + n);
+        c.PosVer = static_cast<int16_t>(10 + n);
+        c.Tamano = QByteArray::number(n % 4);
+    }
+}
+
+} // namespace
+
+class TestEnvio : public QObject {
+    Q_OBJECT
+
+private slots:
+    void transferencia_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<int>("idioma");
+        QTest::addColumn<bool>("soloTextos");
+        QTest::addColumn<QStringList>("opciones");
+        QTest::addColumn<int>("recibidas"); // frames the scale received: the first of the stream
+        QTest::addColumn<QStringList>("mensajes"); // text ids, joined by blanks
+        QTest::addColumn<int>("estado");
+        QTest::addColumn<int>("avance");
+        QTest::addColumn<int>("minimoMs");
+        QTest::addColumn<QByteArray>("libre1"); // free text 1 as the scale got it
+
+        using S = QStringList;
+        const QByteArray carne = QByteArray("CARNE~") + bytes({148}) + "O";
+        QTest::newRow("new model")
+            << 1 << 1 << false << S{} << 54 << S{"445"} << 0 << 52 << 0 << carne;
+        QTest::newRow("old model")
+            << 0 << 2 << false << S{} << 33 << S{"445"} << 0 << 31 << 0 << carne;
+        QTest::newRow("new model, texts only")
+            << 1 << 1 << true << S{} << 17 << S{"445"} << 0 << 15 << 0 << carne;
+        QTest::newRow("old model, texts only")
+            << 0 << 5 << true << S{} << 7 << S{"445"} << 0 << 5 << 0 << carne;
+        QTest::newRow("Greek") << 1 << 7 << false << S{} << 54 << S{"445"} << 0 << 52 << 0
+                               << QByteArray("\x87"
+                                             "EA K") +
+                                      bytes({'P', 'E', 'A', 145});
+        QTest::newRow("Polish, old model") << 0 << 8 << false << S{} << 33 << S{"445"} << 0 << 31
+                                           << 0 << bytes({157, 224, 'D', 141, ' ', '@', 168});
+
+        QTest::newRow("opening refused with 0x15")
+            << 1 << 1 << false << S{"--refuse-opening"} << 1 << S{"544", "989"} << 1 << 0 << 0
+            << QByteArray();
+        QTest::newRow("opening refused") << 1 << 1 << false << S{"--refuse", "1"} << 1 << S{"989"}
+                                         << 1 << 0 << 0 << QByteArray();
+        QTest::newRow("opening unanswered") << 1 << 1 << false << S{"--silent", "1"} << 1
+                                            << S{"989"} << 1 << 0 << 3000 << QByteArray();
+        QTest::newRow("free text 3 refused") << 1 << 1 << false << S{"--refuse", "4"} << 4
+                                             << S{"1327 1307"} << 1 << 2 << 0 << QByteArray();
+        QTest::newRow("free text 2 answered too late")
+            << 0 << 1 << false << S{"--delay", "3300", "--delay-at", "3"} << 3 << S{"1327 1307"}
+            << 1 << 1 << 3000 << QByteArray();
+        QTest::newRow("garbage for free text 1") << 0 << 1 << true << S{"--garbage", "2"} << 2
+                                                 << S{"1327 1307"} << 1 << 0 << 0 << QByteArray();
+        QTest::newRow("short reply for free text 1")
+            << 0 << 1 << true << S{"--short", "2"} << 2 << S{"1327 1307"} << 1 << 0 << 0
+            << QByteArray();
+        QTest::newRow("field 1 refused") << 1 << 1 << false << S{"--refuse", "17"} << 17
+                                         << S{"1327 258 623"} << 1 << 15 << 0 << QByteArray();
+        QTest::newRow("field 14 refused, old model")
+            << 0 << 1 << false << S{"--refuse", "20"} << 20 << S{"1327 258 623"} << 1 << 18 << 0
+            << QByteArray();
+        // The second currency failing lets the rest of the fields go, and no more.
+        QTest::newRow("field 15 refused") << 1 << 1 << false << S{"--refuse", "31"} << 52
+                                          << S{"1327 258 623"} << 1 << 50 << 0 << QByteArray();
+        QTest::newRow("field 15 unanswered, old model")
+            << 0 << 1 << false << S{"--silent", "21"} << 31 << S{"1327 258 623"} << 1 << 29 << 3000
+            << QByteArray();
+        QTest::newRow("field 15 and 16 refused")
+            << 1 << 1 << false << S{"--refuse", "31,32"} << 32 << S{"1327 258 623", "1327 258 623"}
+            << 1 << 29 << 0 << QByteArray();
+        QTest::newRow("fixed texts refused") << 1 << 1 << false << S{"--refuse", "53"} << 53
+                                             << S{"1327 1337"} << 1 << 51 << 0 << QByteArray();
+        QTest::newRow("closing refused") << 1 << 1 << false << S{"--refuse", "54"} << 54
+                                         << S{"1328"} << 1 << 52 << 0 << QByteArray();
+        QTest::newRow("closing refused, texts only") << 1 << 1 << true << S{"--refuse", "17"} << 17
+                                                     << S{"1328"} << 1 << 15 << 0 << QByteArray();
+
+        QTest::newRow("late, within the time")
+            << 0 << 1 << true << S{"--delay", "2000", "--delay-at", "3"} << 7 << S{"445"} << 0 << 5
+            << 2000 << QByteArray();
+        QTest::newRow("replies in pieces")
+            << 0 << 1 << true << S{"--pieces", "4", "--piece-gap", "60"} << 7 << S{"445"} << 0 << 5
+            << 0 << QByteArray();
+        QTest::newRow("0x0D inside every reply")
+            << 0 << 1 << false << S{"--cr-inside", "--pieces", "2", "--piece-gap", "20"} << 33
+            << S{"445"} << 0 << 31 << 0 << QByteArray();
+        // The time is not stretched by a reply that began in it.
+        QTest::newRow("last piece after the time")
+            << 0 << 1 << false << S{"--pieces", "2", "--piece-gap", "3300"} << 1 << S{"989"} << 1
+            << 0 << 3000 << QByteArray();
+    }
+
+    void transferencia()
+    {
+        QFETCH(int, modelo);
+        QFETCH(int, idioma);
+        QFETCH(bool, soloTextos);
+        QFETCH(QStringList, opciones);
+        QFETCH(int, recibidas);
+        QFETCH(QStringList, mensajes);
+        QFETCH(int, estado);
+        QFETCH(int, avance);
+        QFETCH(int, minimoMs);
+        QFETCH(QByteArray, libre1);
+
+        ProgramDir pd;
+        pd.copyBuiltCatalogue();
+        pd.write("greek.cht", fuente("greek.cht"));
+        pd.write("polish.cht", fuente("polish.cht"));
+        ModBase mb;
+        pd.attach(mb);
+        QCOMPARE(CargarTextos(mb, static_cast<int16_t>(idioma)), 0);
+        prepararEtiqueta(mb, idioma, modelo);
+        mb.SoloTextos = soloTextos;
+        const ModBase antes = mb;
+
+        BalanzaVirtual balanza(pd, opciones);
+        QVERIFY(balanza.lista());
+        ScriptedInteraction persona;
+        ProgresoRegistrado progreso;
+        PuertoSerieQt puerto(mb.programDir);
+        QElapsedTimer reloj;
+        reloj.start();
+        const int16_t resultado = EnviarEtiqueta(mb, puerto, persona, progreso);
+        const qint64 ms = reloj.elapsed();
+
+        QCOMPARE(resultado, estado);
+        QStringList esperados;
+        for (const QString& m : mensajes) {
+            QStringList partes;
+            for (const QString& id : m.split(' '))
+                partes.append(mb.Textos(id.toInt()));
+            esperados.append(QStringLiteral("message: ") + partes.join(' '));
+        }
+        QCOMPARE(persona.log, esperados);
+
+        // Byte for byte what the stream of the label holds, up to where it stopped.
+        const QList<QByteArray> flujo = TramasEtiqueta(mb, mb.NumEquipo, soloTextos);
+        const QList<QByteArray> llegadas = balanza.tramas();
+        QCOMPARE(llegadas.size(), recibidas);
+        for (int i = 0; i < recibidas; ++i)
+            QCOMPARE(llegadas.at(i).toHex(' '), flujo.at(i).toHex(' '));
+        if (!libre1.isEmpty())
+            QCOMPARE(llegadas.at(1).mid(modelo ? 5 : 4, libre1.size()).toHex(' '),
+                     libre1.toHex(' '));
+
+        const int libres = modelo ? 15 : 5;
+        QCOMPARE(progreso.maximo, soloTextos ? libres : libres + (modelo ? 36 : 25) + 2);
+        QCOMPARE(progreso.valor, avance);
+        QVERIFY(ms >= minimoMs);
+        // Never a second wait where one is due, never a hang.
+        QVERIFY2(ms < minimoMs + 2900, qPrintable(QString::number(ms)));
+        // The label is only read.
+        QVERIFY(mb.Campos == antes.Campos);
+        QCOMPARE(mb.TextoLibre, antes.TextoLibre);
+    }
+
+    // A reply that comes after its time, once the port is closed, is not
+    // taken for the reply to the next transfer's opening: opening the port
+    // empties what waited in it.
+    void respuestaTardiaVaciada()
+    {
+        ProgramDir pd;
+        pd.copyBuiltCatalogue();
+        ModBase mb;
+        pd.attach(mb);
+        QCOMPARE(CargarTextos(mb, 2), 0);
+        prepararEtiqueta(mb, 2, 0);
+        mb.SoloTextos = true;
+        BalanzaVirtual balanza(pd, {"--refuse", "1", "--delay", "3200", "--first-transfer-only"});
+        QVERIFY(balanza.lista());
+        ScriptedInteraction persona;
+        ProgresoRegistrado progreso;
+        {
+            PuertoSerieQt puerto(mb.programDir);
+            QCOMPARE(EnviarEtiqueta(mb, puerto, persona, progreso), 1);
+        }
+        QTest::qWait(600); // the refusal arrives on a closed port
+        PuertoSerieQt puerto(mb.programDir);
+        QCOMPARE(EnviarEtiqueta(mb, puerto, persona, progreso), 0);
+        QCOMPARE(persona.log,
+                 (QStringList{"message: " + mb.Textos(989), "message: " + mb.Textos(445)}));
+        QCOMPARE(balanza.tramas().size(), 1 + 7);
+    }
+
+    // A character table that ends too soon ends the program at the first
+    // text that needs it: nothing more goes out, no closing frame.
+    void tablaCorta()
+    {
+        ProgramDir pd;
+        pd.copyBuiltCatalogue();
+        pd.write("polish.cht", fuente("polish.cht").left(200));
+        ModBase mb;
+        pd.attach(mb);
+        QCOMPARE(CargarTextos(mb, 8), 0);
+        prepararEtiqueta(mb, 8, 1);
+        BalanzaVirtual balanza(pd, {});
+        QVERIFY(balanza.lista());
+        ScriptedInteraction persona;
+        ProgresoRegistrado progreso;
+        PuertoSerieQt puerto(mb.programDir);
+        int numero = 0;
+        try {
+            EnviarEtiqueta(mb, puerto, persona, progreso);
+        } catch (const RuntimeError& e) {
+            numero = e.number();
+        }
+        QCOMPARE(numero, 62);
+        QVERIFY(!puerto.portOpen());
+        QCOMPARE(balanza.tramas().size(), 1);
+        QVERIFY(persona.log.isEmpty());
+    }
+
+    // COMn is the program folder's dosdevices/comN link when there is one,
+    // even one whose device is gone (the message then names the link).
+    void nombresDePuerto_data()
+    {
+        QTest::addColumn<int>("numero");
+        QTest::addColumn<QString>("enlace"); // what dosdevices/comN links to; empty: no link
+        QTest::addColumn<QString>("nombre"); // relative to the folder, or absolute
+        QTest::newRow("COM1 without a link") << 1 << ""
+                                             << "/dev/ttyS0";
+        QTest::newRow("COM4 without a link") << 4 << ""
+                                             << "/dev/ttyS3";
+        QTest::newRow("COM2 linked") << 2 << "/dev/null"
+                                     << "dosdevices/com2";
+        QTest::newRow("COM3 linked to nothing") << 3 << "/nonexistent"
+                                                << "dosdevices/com3";
+    }
+
+    void nombresDePuerto()
+    {
+        QFETCH(int, numero);
+        QFETCH(QString, enlace);
+        QFETCH(QString, nombre);
+        ProgramDir pd;
+        QDir().mkpath(pd.file("dosdevices"));
+        if (!enlace.isEmpty())
+            QVERIFY(QFile::link(enlace, pd.file(QStringLiteral("dosdevices/com%1").arg(numero))));
+        const QString esperado = nombre.startsWith('/') ? nombre : pd.file(nombre);
+        QCOMPARE(nombrePuerto(pd.path(), numero), esperado);
+        PuertoSerieQt puerto(pd.path());
+        puerto.setCommPort(numero);
+        QCOMPARE(puerto.nombre(), esperado);
+        puerto.setDevice("/dev/ttyUSB7");
+        QCOMPARE(puerto.nombre(), QStringLiteral("/dev/ttyUSB7"));
+    }
+
+    // The progress line names what is going out.
+    void lineaDeProgreso()
+    {
+        ProgramDir pd;
+        pd.copyBuiltCatalogue();
+        ModBase mb;
+        pd.attach(mb);
+        QCOMPARE(CargarTextos(mb, 2), 0);
+        prepararEtiqueta(mb, 2, 1);
+        BalanzaVirtual balanza(pd, {});
+        QVERIFY(balanza.lista());
+        ScriptedInteraction persona;
+        ProgresoRegistrado progreso;
+        PuertoSerieQt puerto(mb.programDir);
+        QCOMPARE(EnviarEtiqueta(mb, puerto, persona, progreso), 0);
+        QCOMPARE(progreso.textos,
+                 (QStringList{QString(), "Sending Free Text...", "Sending fields of Label...",
+                              "Sending Fixed Text Label..."}));
+    }
+
+    // A port that cannot be opened, refuses a setting or goes away ends the
+    // transfer with one message that names it; nothing else goes out.
+    void fallosDelPuerto_data()
+    {
+        QTest::addColumn<QString>("caso");
+        QTest::addColumn<QStringList>("lineas"); // text ids of the lines after the first
+        QTest::addColumn<int>("recibidas");
+        QTest::newRow("no device behind COM1") << "sinDispositivo" << QStringList{"989"} << 0;
+        QTest::newRow("even parity on a pseudo-terminal")
+            << "paridad" << QStringList{"262:1323", "989"} << 0;
+        QTest::newRow("odd parity") << "impar" << QStringList{"262:1324", "989"} << 0;
+        QTest::newRow("7 data bits") << "bitsDatos" << QStringList{"263:7", "989"} << 0;
+        QTest::newRow("the scale goes away at field 4") << "desaparece" << QStringList{"989"} << 20;
+    }
+
+    void fallosDelPuerto()
+    {
+        QFETCH(QString, caso);
+        QFETCH(QStringList, lineas);
+        QFETCH(int, recibidas);
+        ProgramDir pd;
+        pd.copyBuiltCatalogue();
+        ModBase mb;
+        pd.attach(mb);
+        QCOMPARE(CargarTextos(mb, 2), 0);
+        prepararEtiqueta(mb, 2, 1);
+        if (caso == "paridad")
+            mb.Paridad = 1;
+        else if (caso == "impar")
+            mb.Paridad = 2;
+        else if (caso == "bitsDatos")
+            mb.BitsDatos = 0;
+
+        std::unique_ptr<BalanzaVirtual> balanza;
+        if (caso == "sinDispositivo") {
+            QDir().mkpath(pd.file("dosdevices"));
+            QFile::link(pd.file("nothing-here"), pd.file("dosdevices/com1"));
+        } else {
+            balanza = std::make_unique<BalanzaVirtual>(
+                pd, caso == "desaparece" ? QStringList{"--vanish", "20"} : QStringList{});
+            QVERIFY(balanza->lista());
+        }
+        ScriptedInteraction persona;
+        ProgresoRegistrado progreso;
+        PuertoSerieQt puerto(mb.programDir);
+        QElapsedTimer reloj;
+        reloj.start();
+        QCOMPARE(EnviarEtiqueta(mb, puerto, persona, progreso), 1);
+        QVERIFY(reloj.elapsed() < 2500);
+        QVERIFY(!puerto.portOpen());
+
+        QCOMPARE(persona.log.size(), 1);
+        const QStringList partes = persona.log.first().split('\n');
+        QVERIFY2(
+            partes.first().startsWith("message: Communication port: " + pd.file("dosdevices/com1")),
+            qPrintable(partes.first()));
+        QStringList esperadas;
+        for (const QString& l : lineas) {
+            const QStringList idValor = l.split(':');
+            QString t = mb.Textos(idValor.at(0).toInt());
+            if (idValor.size() > 1)
+                t += ": " +
+                     (idValor.at(1).size() > 1 ? mb.Textos(idValor.at(1).toInt()) : idValor.at(1));
+            esperadas.append(t);
+        }
+        QCOMPARE(partes.mid(1).join('\n'), esperadas.join('\n'));
+        if (balanza)
+            QCOMPARE(balanza->tramas().size(), recibidas);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEnvio)
+#include "tst_envio.moc"

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+struct ModBase;
+
+// The line settings of a transfer: speed, parity, data bits, stop bits.
+struct AjustesLinea {
+    int baudios = 9600;
+    char paridad = 'N'; // 'N', 'E' or 'O'
+    int bitsDatos = 8;  // 7 or 8
+    int bitsParada = 1; // 1 or 2
+
+    // "9600,E,8,1": the settings as one text.
+    QByteArray texto() const;
+    bool operator==(const AjustesLinea& o) const
+    {
+        return baudios == o.baudios && paridad == o.paridad && bitsDatos == o.bitsDatos &&
+               bitsParada == o.bitsParada;
+    }
+};
+
+// The stored indices of the shared block turned into line settings. Parity
+// 1 is even and 2 odd, any other none; data bits 0 are 7, any other 8; stop
+// bits 0 are 1, any other 2.
+AjustesLinea ajustesLinea(const ModBase& mb);
+
+// Why the port let the transfer down.
+struct FalloPuerto {
+    enum class Tipo {
+        Ninguno,
+        NoAbre,          // the device is not there, is busy, or is not ours to open
+        AjusteRechazado, // the device refuses one of the line settings
+        Perdido,         // the device went away, or stopped taking bytes, during the transfer
+    };
+    enum class Ajuste { Velocidad, Paridad, BitsDatos, BitsParada };
+
+    Tipo tipo = Tipo::Ninguno;
+    Ajuste ajuste = Ajuste::Velocidad; // which setting, for AjusteRechazado
+    AjustesLinea ajustes;              // the settings asked for
+    QString nombre;                    // the device as the program names it
+    QString detalle;                   // the system's own words, when it has any
+};
+
+// The serial port as the transfer needs it. One frame goes out whole, then
+// the transfer reads what has come in. readyRead tells that bytes wait;
+// averia that the port failed under the transfer, after which fallo() says why.
+class PuertoSerie : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    virtual void setSettings(const AjustesLinea& ajustes) = 0;
+    // The port by its number, 1 to 4.
+    virtual void setCommPort(int numero) = 0;
+    virtual bool portOpen() const = 0;
+    // Opens the port and empties what waited in its input: a frame always
+    // starts on an empty buffer after an opening. False when it cannot, and
+    // fallo() tells why.
+    virtual bool open() = 0;
+    virtual void close() = 0;
+    // Hands the whole frame over; false when the port takes it no longer.
+    virtual bool output(const QByteArray& trama) = 0;
+    // How many received bytes wait, and all of them, taken.
+    virtual int inBufferCount() const = 0;
+    virtual QByteArray input() = 0;
+    virtual FalloPuerto fallo() const = 0;
+
+signals:
+    void readyRead();
+    void averia();
+};
