@@ -5,6 +5,8 @@
 #include "Comprobacion.h"
 #include "Configuracion.h"
 #include "FileSystem.h"
+#include "Envio.h"
+#include "PuertoSerieQt.h"
 #include "RenderVista.h"
 #include "TextLines.h"
 
@@ -15,9 +17,15 @@
 #include <QRegularExpression>
 #include <cstdio>
 
+namespace {
+// A progress bar is being drawn on the current line of stderr.
+bool g_barraActiva = false;
+}
+
 void ConsoleInteraction::message(const QString& text)
 {
-    std::fprintf(stderr, "%s\n", qPrintable(text));
+    std::fprintf(stderr, "%s%s\n", g_barraActiva ? "\n" : "", qPrintable(text));
+    g_barraActiva = false;
 }
 
 Answer ConsoleInteraction::question(const QString& text)
@@ -265,4 +273,115 @@ int cmdPreview(CliContext& ctx, QStringList args)
     ctx.load(needFile(args, usage), label);
     exportarVistaPrevia(ctx.mb, out);
     return 0;
+}
+
+namespace {
+
+// The options that choose a number from a short list: the index in the list.
+int16_t indiceDe(const QString& value, const QStringList& choices, const char* option)
+{
+    const int at = choices.indexOf(value.toUpper());
+    if (at < 0)
+        throw UsageError(qPrintable(QStringLiteral("%1 takes %2").arg(QLatin1String(option),
+                                                                     choices.join(QLatin1Char('|')))));
+    return static_cast<int16_t>(at);
+}
+
+// The scale's number: 1 when not given, as the settings dialog shows an unset one.
+int16_t equipo(QStringList& args)
+{
+    const QString value = takeOption(args, QStringLiteral("--equipo"));
+    if (value.isEmpty())
+        return 1;
+    bool ok = false;
+    const int n = value.toInt(&ok);
+    if (!ok || n < 0 || n > 99)
+        throw UsageError("--equipo takes the scale's number");
+    return static_cast<int16_t>(n);
+}
+
+// The transfer's progress as a bar on stderr.
+class BarraProgreso : public ProgresoEnvio {
+public:
+    void setMaximo(int maximo) override { m_maximo = std::max(1, maximo); }
+    void setValor(int valor) override
+    {
+        m_valor = valor;
+        pintar();
+    }
+    void setTexto(const QString& texto) override
+    {
+        m_texto = texto;
+        pintar();
+    }
+    ~BarraProgreso() override
+    {
+        if (g_barraActiva)
+            std::fputc('\n', stderr);
+        g_barraActiva = false;
+    }
+
+private:
+    void pintar()
+    {
+        const int ancho = 30;
+        const int lleno = std::clamp(m_valor * ancho / m_maximo, 0, ancho);
+        std::fprintf(stderr, "\r[%s%s] %3d/%d %-40s", QByteArray(lleno, '#').constData(),
+                     QByteArray(ancho - lleno, ' ').constData(), m_valor, m_maximo,
+                     m_texto.left(40).toLocal8Bit().constData());
+        std::fflush(stderr);
+        g_barraActiva = true;
+    }
+    int m_maximo = 1;
+    int m_valor = 0;
+    QString m_texto;
+};
+
+} // namespace
+
+int cmdFrames(CliContext& ctx, QStringList args)
+{
+    const char* usage = "usage: korvo-cli frames FILE [--label KN] [--equipo N] [--texts-only]";
+    const QString label = takeOption(args, QStringLiteral("--label"));
+    const int16_t numero = equipo(args);
+    const bool soloTextos = takeFlag(args, QStringLiteral("--texts-only"));
+    ctx.load(needFile(args, usage), label);
+    for (const QByteArray& frame : TramasEtiqueta(ctx.mb, numero, soloTextos))
+        print(QString::fromLatin1(frame.toHex(' ').toUpper()) + QLatin1Char('\n'));
+    return 0;
+}
+
+int cmdSend(CliContext& ctx, QStringList args)
+{
+    const char* usage = "usage: korvo-cli send FILE [--label KN] --port PORT [--baud B] "
+                        "[--parity N|E|O] [--data 7|8] [--stop 1|2] [--equipo N] [--texts-only]";
+    const QString label = takeOption(args, QStringLiteral("--label"));
+    const QString port = takeOption(args, QStringLiteral("--port"));
+    if (port.isEmpty())
+        throw UsageError(usage);
+    ModBase& mb = ctx.mb;
+    if (const QString v = takeOption(args, QStringLiteral("--baud")); !v.isEmpty())
+        mb.Baudios = indiceDe(v, {"2400", "4800", "9600", "19200"}, "--baud");
+    if (const QString v = takeOption(args, QStringLiteral("--parity")); !v.isEmpty())
+        mb.Paridad = indiceDe(v, {"N", "E", "O"}, "--parity");
+    if (const QString v = takeOption(args, QStringLiteral("--data")); !v.isEmpty())
+        mb.BitsDatos = indiceDe(v, {"7", "8"}, "--data");
+    if (const QString v = takeOption(args, QStringLiteral("--stop")); !v.isEmpty())
+        mb.BitsParada = indiceDe(v, {"1", "2"}, "--stop");
+    mb.NumEquipo = equipo(args);
+    mb.SoloTextos = takeFlag(args, QStringLiteral("--texts-only"));
+    ctx.load(needFile(args, usage), label);
+
+    PuertoSerieQt puerto(mb.programDir);
+    const QRegularExpression com(QStringLiteral("^COM([1-4])$"), QRegularExpression::CaseInsensitiveOption);
+    if (const auto m = com.match(port); m.hasMatch())
+        mb.Puerto = static_cast<int16_t>(m.captured(1).toInt() - 1);
+    else
+        puerto.setDevice(port);
+    int16_t resultado = -1;
+    {
+        BarraProgreso barra;
+        resultado = EnviarEtiqueta(mb, puerto, ctx.ui, barra);
+    }
+    return resultado == 0 ? 0 : 1;
 }

@@ -52,3 +52,5 @@ int cmdShow(CliContext& ctx, QStringList args);
 int cmdExport(CliContext& ctx, QStringList args);
 int cmdCheck(CliContext& ctx, QStringList args);
 int cmdPreview(CliContext& ctx, QStringList args);
+int cmdFrames(CliContext& ctx, QStringList args);
+int cmdSend(CliContext& ctx, QStringList args);

@@ -16,6 +16,11 @@ const char* const kUsage =
     "  export FILE [--label KN] -o OUT   writes the label as a label file\n"
     "  check FILE...                     what the readers would take wrongly\n"
     "  preview FILE [--label KN] -o OUT  renders the preview as PNG, SVG or PDF\n"
+    "  frames FILE [--label KN] [--equipo N] [--texts-only]\n"
+    "                                    the bytes a transfer puts on the line, a frame a line\n"
+    "  send FILE [--label KN] --port PORT [--baud B] [--parity N|E|O] [--data 7|8]\n"
+    "       [--stop 1|2] [--equipo N] [--texts-only]\n"
+    "                                    sends the label to a scale; PORT is a device or COM1..COM4\n"
     "\n"
     "FILE is a set file or a label file, told apart by the next-to-last character\n"
     "of its name. KN is a kind and a number: V3, T5.\n";
@@ -35,6 +40,8 @@ int main(int argc, char** argv)
         {QStringLiteral("export"), cmdExport},
         {QStringLiteral("check"), cmdCheck},
         {QStringLiteral("preview"), cmdPreview},
+        {QStringLiteral("frames"), cmdFrames},
+        {QStringLiteral("send"), cmdSend},
     };
     CliContext ctx;
     try {

@@ -1,3 +1,4 @@
+#include "BalanzaVirtual.h"
 #include "Comprobacion.h"
 #include "LabelEnv.h"
 #include "TextLines.h"
@@ -84,6 +85,43 @@ private slots:
         e.files.GuardaEti();
         QCOMPARE(e.dir.read("t4.pde"), e.dir.read("own.pde"));
         QCOMPARE(cli(e, {"show", e.dir.file("t4.pde"), "--json"}).code, 0);
+    }
+
+    // What `frames` prints is what `send` puts on the line, frame for frame.
+    void enviar_data()
+    {
+        QTest::addColumn<QStringList>("opciones");
+        QTest::addColumn<QStringList>("balanza");
+        QTest::addColumn<int>("code");
+        QTest::newRow("whole label") << QStringList{} << QStringList{} << 0;
+        QTest::newRow("texts only, scale 3") << QStringList{"--texts-only", "--equipo", "3"} << QStringList{} << 0;
+        QTest::newRow("frame 4 refused") << QStringList{} << QStringList{"--refuse", "4"} << 1;
+    }
+
+    void enviar()
+    {
+        QFETCH(QStringList, opciones);
+        QFETCH(QStringList, balanza);
+        QFETCH(int, code);
+        LabelEnv e(1);
+        conjunto(e);
+        BalanzaVirtual scale(e.dir, balanza);
+        QVERIFY(scale.lista());
+        const QStringList label{e.dir.file("set.pse"), "--label", "T4"};
+        const Run frames = cli(e, QStringList{"frames"} + label + opciones);
+        QCOMPARE(frames.code, 0);
+        QList<QByteArray> expected;
+        for (const QByteArray& line : frames.out.split('\n'))
+            if (!line.isEmpty())
+                expected.append(QByteArray::fromHex(line));
+        const Run sent = cli(e, QStringList{"send"} + label + opciones +
+                                    QStringList{"--port", "COM1", "--parity", "N", "--data", "8"});
+        QCOMPARE(sent.code, code);
+        const QList<QByteArray> received = scale.tramas();
+        if (code == 0)
+            QCOMPARE(received, expected);
+        else // nothing after the refused frame, and no closing frame
+            QCOMPARE(received, expected.mid(0, 4));
     }
 
     void errores_data()
