@@ -2,7 +2,7 @@
 #include "Cli.h"
 #include "RuntimeError.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <cstdio>
 #include <functional>
 #include <map>
@@ -29,7 +29,10 @@ const char* const kUsage =
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
+    // The companion shows no window; the preview's drawing still needs the
+    // fonts of a GUI application, which the offscreen platform gives anywhere.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
     QStringList args = app.arguments().mid(1);
     if (args.isEmpty() || args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
         std::fputs(kUsage, args.isEmpty() ? stderr : stdout);

@@ -24,6 +24,11 @@ struct Run {
 Run cli(const LabelEnv& e, const QStringList& args)
 {
     QProcess p;
+    // The companion needs no display of any kind, whatever the test has.
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    env.remove(QStringLiteral("DISPLAY"));
+    p.setProcessEnvironment(env);
     p.start(QStringLiteral(KORVO_CLI), QStringList{"--program-dir", e.dir.path()} + args);
     p.waitForFinished(30000);
     return {p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError()};
@@ -85,6 +90,29 @@ private slots:
         e.files.GuardaEti();
         QCOMPARE(e.dir.read("t4.pde"), e.dir.read("own.pde"));
         QCOMPARE(cli(e, {"show", e.dir.file("t4.pde"), "--json"}).code, 0);
+    }
+
+    void vistaPrevia_data()
+    {
+        QTest::addColumn<QString>("salida");
+        QTest::addColumn<QByteArray>("firma");
+        QTest::newRow("png") << "v.png" << QByteArray("\x89PNG");
+        QTest::newRow("svg") << "v.svg" << QByteArray("<?xml");
+        QTest::newRow("pdf") << "v.pdf" << QByteArray("%PDF");
+    }
+
+    void vistaPrevia()
+    {
+        QFETCH(QString, salida);
+        QFETCH(QByteArray, firma);
+        LabelEnv e(1);
+        conjunto(e);
+        QDir().mkpath(e.dir.file("res"));
+        for (const QString& f : QDir(QStringLiteral(KORVO_BIN "/res")).entryList(QDir::Files))
+            QFile::copy(QStringLiteral(KORVO_BIN "/res/") + f, e.dir.file("res/" + f));
+        const Run r = cli(e, {"preview", e.dir.file("set.pse"), "--label", "T4", "-o", e.dir.file(salida)});
+        QCOMPARE(r.code, 0);
+        QVERIFY(e.dir.read(salida).startsWith(firma));
     }
 
     // What `frames` prints is what `send` puts on the line, frame for frame.
