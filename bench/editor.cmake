@@ -1,0 +1,2 @@
+# What the editor area adds here.
+korvo_bench(bench_editor korvo_editor)

@@ -1,0 +1,162 @@
+#include "EditorEtiqueta.h"
+
+#include "CatalogoCampos.h"
+#include "CodePage.h"
+#include "FileCommands.h"
+#include "ModBase.h"
+#include "Posicion.h"
+#include "RuntimeError.h"
+
+using namespace Coordenadas;
+
+EditorEtiqueta::EditorEtiqueta(ModBase& mb, UserInteraction& ui, FileCommands& files,
+                               EditorView& view, CargadorFondo& cargador)
+    : fondo(mb, ui, cargador), m_mb(mb), m_ui(ui), m_files(files), m_view(view)
+{
+    for (int i = 0; i <= 15; ++i)
+        CBDisplay(i).caption = QString::fromUtf8(botonPaleta(i).caption);
+    mnuEtiquetaPesoChecked = m_mb.PesoAproximado;
+}
+
+int EditorEtiqueta::camposModelo() const
+{
+    // Tested as the number 1: any other value is the old model here.
+    return m_mb.ModeloNuevo == 1 ? 36 : 25;
+}
+
+int EditorEtiqueta::VSVer() const { return m_files.controles.VSVer; }
+
+int EditorEtiqueta::tamanoDe(int campo) const
+{
+    // Read as a number: leading digits, else 0.
+    return static_cast<int>(valorTexto(m_mb.Campos(campo).Tamano));
+}
+
+void EditorEtiqueta::cargarSuperficie()
+{
+    Superficie& s = superficie;
+    s.altoExterior = simple(mmDeUnidadesVer(VSVer()));
+    s.anchoExterior = simple(mmDeUnidadesHor(s.VSHor));
+    s.largoRegla = simple(mmDeUnidadesVer(VSVer()) + 1.0);
+    s.altoEscala = VSVer();
+    s.anchoEscala = s.VSHor;
+    fondo.cargarInicial();
+    bool ok = false;
+    const int ancho = m_mb.AnchoEtiqueta.toInt(&ok);
+    if (!ok)
+        throw RuntimeError::typeMismatch();
+    cambioVSVer(ancho);
+    m_mb.Modificado = false;
+}
+
+void EditorEtiqueta::cambioVSVer(int valor)
+{
+    if (valor < 1 || valor > 99)
+        throw RuntimeError(380, QStringLiteral("Invalid property value"));
+    m_files.controles.VSVer = valor;
+    Superficie& s = superficie;
+    s.TxtValorVer = QString::number(valor);
+    s.altoExterior = simple(mmDeUnidadesVer(valor));
+    s.altoEscala = valor;
+    s.anchoEscala = s.VSHor;
+    s.largoRegla = simple(mmDeUnidadesVer(valor) + 1.0);
+    m_mb.AnchoEtiqueta = s.TxtValorVer.toLatin1();
+    // The bands keep their length until next shown, and the boxes are
+    // neither moved nor checked: a field may now stand below the edge.
+    m_mb.Modificado = true;
+}
+
+void EditorEtiqueta::captionsCatalogo()
+{
+    const TextTable& T = m_mb.Textos;
+    const QString blanco = QStringLiteral(" ");
+    Superficie& s = superficie;
+    for (int i = 0; i <= 15; ++i)
+        CBDisplay(i).caption = T(botonPaleta(i).textId);
+    // Both groups of free texts count from 1 on the surface: only one of
+    // them is in use in any model.
+    for (int n = 1; n <= 15; ++n) {
+        Caja& c = s.Imagen(campoDeTextoLibre(n));
+        c.caption = QString::number(n <= 5 ? n : n - 5) + blanco + T(1307);
+        c.toolTip = c.caption;
+    }
+    for (int i = 1; i <= 10; ++i)
+        s.Imagen(i).caption = QString::number(i) + blanco + T(70);
+    const std::pair<int, int> fijos[] = {{11, 130}, {12, 74},   {15, 1314}, {16, 23},  {17, 1308},
+                                         {18, 1309}, {19, 73}, {20, 1310}, {26, 1040}};
+    for (const auto& [campo, id] : fijos)
+        s.Imagen(campo).caption = T(id);
+
+    // Fields 13 and 14 are one record in both kinds, under two names each.
+    const bool total = m_mb.TipoEtiqueta == "T";
+    s.Imagen(13).caption = T(total ? 133 : 71);
+    s.Imagen(14).caption = T(total ? 488 : 132);
+    CBDisplay(12).visible = !total;
+    CBDisplay(13).visible = !total;
+    CBDisplay(4).visible = total;
+    CBDisplay(5).visible = total;
+    CBDisplay(11).visible = total;
+}
+
+void EditorEtiqueta::colocarBandas()
+{
+    Superficie& s = superficie;
+    const double alto = simple(VSVer() + 0.3);
+    s.Shape2 = {0, 0, 3, alto, true};
+    s.Shape3 = {simple(53.1), 0, simple(4.1), alto, true};
+}
+
+void EditorEtiqueta::repintar()
+{
+    Superficie& s = superficie;
+    captionsCatalogo();
+    CargarImagen();
+
+    // The loads set VSVer without its change running; the surface follows
+    // the value here, as the window's refresh does after every load.
+    if (s.altoEscala != VSVer()) {
+        s.TxtValorVer = QString::number(VSVer());
+        s.altoExterior = simple(mmDeUnidadesVer(VSVer()));
+        s.altoEscala = VSVer();
+        s.anchoEscala = s.VSHor;
+        s.largoRegla = simple(mmDeUnidadesVer(VSVer()) + 1.0);
+    }
+
+    const double factor = simple(10.0 / 9.0);
+    const double fondoLineas = simple(factor * VSVer());
+    s.Line5 = {simple(2.8), simple(7.7), simple(2.8), fondoLineas};
+    s.Line6 = {simple(2.8), simple(7.7), simple(53.1), simple(7.7)};
+    s.Line7 = {53, simple(7.7), 53, fondoLineas};
+
+    if (m_mb.Sombreado != 1) {
+        s.Shape2.visible = false;
+        s.Shape3.visible = false;
+    } else {
+        colocarBandas();
+    }
+
+    const QByteArray blancos(25, ' ');
+    for (int i = 1; i <= 2; ++i) {
+        const QByteArray& texto = m_mb.TextoFijo(i - 1);
+        EtiquetaTXF& l = s.lblTXF(i);
+        if (!texto.isEmpty() && texto != blancos) {
+            l.caption = decodeFor(m_mb.Idioma, texto);
+            l.centrado = false;
+        } else {
+            l.caption = QString::number(i) + QStringLiteral(" ") + m_mb.Textos(1336);
+            l.centrado = true;
+        }
+    }
+}
+
+void EditorEtiqueta::clicMnuBandas()
+{
+    if (m_mb.Sombreado != 1) {
+        colocarBandas();
+        m_mb.Sombreado = 1;
+    } else {
+        superficie.Shape2.visible = false;
+        superficie.Shape3.visible = false;
+        m_mb.Sombreado = 0;
+    }
+}

@@ -1,0 +1,178 @@
+#pragma once
+
+#include "BoundedArray.h"
+#include "FondoSuperficie.h"
+#include "Superficie.h"
+
+#include <QString>
+#include <cstdint>
+
+struct ModBase;
+struct BloquePreset;
+class FileCommands;
+class UserInteraction;
+
+// The pop-up menus that the editor opens; the window shows them at the
+// pointer and calls back the entry that was chosen.
+enum class MenuEmergente {
+    Visualiza, // mnuVisualiza, on a right press on the surface
+    Ocultar,   // mnuOcultar, on a right press on the left band
+    Derecho,   // mnuDerecho, the size menu of a field
+    Derecho2,  // mnuDerecho2, the menu of a fixed text label
+};
+
+enum class BotonRaton { Izquierdo, Derecho, Otro };
+
+// What the editor needs of the main window beyond the refresh of the file
+// commands: the surface's repaint, the dialogs that the palette and the
+// menus open (modal: when the call returns the dialog has closed and left
+// its choice in the shared block), and the pop-up menus.
+class EditorView {
+public:
+    virtual ~EditorView() = default;
+    // The surface is drawn again from its model.
+    virtual void repintarCuadro() = 0;
+    // The window's whole repaint routine, at once: it runs `repintar`, which
+    // puts every box where its record says.
+    virtual void repintarVentana() = 0;
+    virtual void mostrarTXL() = 0;    // frmTXL
+    virtual void mostrarDES() = 0;    // frmDES
+    virtual void mostrarBorrar() = 0; // frmBorrar
+    virtual void mostrarTXF(int numero) = 0; // frmTXF for fixed text line 1 or 2
+    virtual void abrirMenu(MenuEmergente menu) = 0;
+};
+
+// A menu entry as it is prepared when its menu opens.
+struct EntradaMenu {
+    bool checked = false;
+    bool enabled = true;
+    bool visible = true;
+};
+
+// A palette button: its caption, whether it shows, and its top in window mm
+// (the left and size are the same for all, kLeftTwips etc.).
+struct BotonCBDisplay {
+    QString caption;
+    bool visible = true;
+    double top = 0;
+};
+
+// The label editor without a screen: the surface model, the geometry of the
+// boxes, the drag, alignment, presets, palette and pop-up menus. The window
+// feeds it the mouse and draws `superficie`; every question goes through
+// UserInteraction, the refresh through the file commands' Actualiza, and
+// dialogs and menus through EditorView.
+class EditorEtiqueta {
+public:
+    EditorEtiqueta(ModBase& mb, UserInteraction& ui, FileCommands& files, EditorView& view,
+                   CargadorFondo& cargador);
+
+    Superficie superficie;
+    FondoSuperficie fondo;
+
+    // --- the private state of the main window that the mouse works on
+    int16_t CampoActivo = 1;
+    int16_t AgarreHor = 0, AgarreVer = 0;
+    int16_t PunteroHor = 0, PunteroVer = 0;
+    bool FueraDeLimites = false;
+    bool ArrastreGrupo = false;
+    int16_t GrupoIzquierda = 0, GrupoArriba = 0, GrupoDerecha = 0, GrupoAbajo = 0;
+    int16_t TXFActivo = 0;
+    // A box is being dragged: between a left press on a field and its drop.
+    bool arrastrando = false;
+
+    // --- menus and palette, as prepared when they open
+    BoundedArray<EntradaMenu, 0, 9> mnuDES;
+    BoundedArray<EntradaMenu, 0, 13> mnuVisual;
+    BoundedArray<EntradaMenu, 0, 4> mnuDer;
+    EntradaMenu mnuDerTXFborrar;
+    bool mnuEtiquetaPesoChecked = false;
+    int mnuBandasTextId = 1311;
+    BoundedArray<BotonCBDisplay, 0, 15> CBDisplay;
+    static constexpr double kPaletaLeftTwips = 240;
+    static constexpr double kPaletaAnchoTwips = 2535;
+    static constexpr double kPaletaAltoTwips = 307;
+
+    // --- surface (set-up, spin control, repaint)
+    // The surface's part of the window's load, after the tool bar: size
+    // from the spin controls, the background of cfg.ini, then VSVer takes
+    // AnchoEtiqueta and the label counts as unchanged.
+    void cargarSuperficie();
+    // VSVer changed to `valor` (1..99).
+    void cambioVSVer(int valor);
+    // The surface's part of the window's repaint: the captions of the boxes
+    // and of the palette from the catalogue, the palette by label kind, the
+    // boxes from the records, guide lines, bands and fixed text labels. It
+    // asks nothing and changes no label data.
+    void repintar();
+    void captionsCatalogo();
+    // The value of the spin control that sets the surface's height.
+    int VSVer() const;
+
+    // --- geometry
+    void TamanoImagen(int campo, int tamano);
+    void MostrarCampo(int campo);
+    void CargarImagen();
+
+    // --- placement and drag
+    void pulsarCampo(int n, BotonRaton boton, double xTwips, double yTwips);
+    void moverSobreCampo(); // the pointer moves over a field
+    // estado 0 entering, 1 leaving, 2 moving; X and Y in surface units.
+    void arrastrarSobreCuadro(int estado, double x, double y);
+    // Over field box k, X and Y in twips relative to that box.
+    void arrastrarSobreCampo(int k, double xTwips, double yTwips);
+    void soltarEnCuadro(double x, double y);
+    void soltarEnCampo(int k, double xTwips, double yTwips);
+    void soltarEnCajaTexto();
+    void dobleClicCampo(int n);
+    void PosicionarCampo(int campo);
+    void InicializarSituacion(int campo, int hor, int ver);
+
+    // --- alignment
+    void AjustarIzda();
+    void AjustarArriba();
+    void Alinear(int modo);
+
+    // --- presets, and the tool bar's keys that ask first
+    void Cargar45();
+    void Cargar60();
+    void botonEti45();
+    void botonEti60();
+
+    // --- palette and menus
+    void PaintFormLoad();
+    void pulsarCBDisplay(int indice);
+    void ColocaDES();
+    void ColocaTXL();
+    void pulsarCuadro(BotonRaton boton, double x, double y);
+    void prepararVisualiza();
+    void prepararDerecho();
+    void clicMnuDES(int i);
+    void clicMnuVisual(int k);
+    void clicMnuDer(int k);
+    void pulsarTXF(int n, BotonRaton boton);
+    void clicMnuDerTXFEdit();
+    void clicMnuDerTXFborrar();
+    void clicMnuEtiquetaPeso();
+    void clicMnuBandas();
+
+private:
+    struct Rect {
+        int16_t L, T, R, B;
+    };
+    // Whole surface units: the box may stand here while dragging.
+    bool dentroDeLimites(const Rect& r, double limiteVertical) const;
+    void fijarLimites(bool permitido);
+    void sigueCompanero(); // Imagen 0 under Imagen 11
+    void soltar(int ultimoCampo); // what both drops share, on PunteroHor/Ver
+    void colocarBandas();
+    void ajustar(bool horizontal);
+    void cargarPreset(const char* ancho, const BloquePreset* bloques, int n);
+    int tamanoDe(int campo) const;
+    int camposModelo() const;
+
+    ModBase& m_mb;
+    UserInteraction& m_ui;
+    FileCommands& m_files;
+    EditorView& m_view;
+};

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "Catalogo.h"
+#include "CatalogoCampos.h"
+#include "EditorEtiqueta.h"
+#include "FileCommands.h"
+#include "ModBase.h"
+#include "ProgramDir.h"
+#include "ScriptedInteraction.h"
+
+#include <QSet>
+#include <QStringList>
+#include <functional>
+
+// The main window as the editor sees it: the refresh runs the surface's
+// repaint, as the window's does; repaints, dialogs and menus go to the log,
+// and a dialog's effect is what the test scripts for it.
+class ScriptedEditorView : public BaseView, public EditorView {
+public:
+    explicit ScriptedEditorView(QStringList& log) : m_log(log) {}
+    EditorEtiqueta* editor = nullptr;
+    std::function<void()> frmTXL, frmDES;
+
+    void refresh() override
+    {
+        m_log.append(QStringLiteral("refresh"));
+        if (editor)
+            editor->repintar();
+    }
+    void mostrarCargaTXL() override { m_log.append(QStringLiteral("frmCargaTXL")); }
+    void repintarCuadro() override { m_log.append(QStringLiteral("Cuadro")); }
+    void repintarVentana() override
+    {
+        m_log.append(QStringLiteral("repaint"));
+        if (editor)
+            editor->repintar();
+    }
+    void mostrarTXL() override
+    {
+        m_log.append(QStringLiteral("frmTXL"));
+        if (frmTXL)
+            frmTXL();
+    }
+    void mostrarDES() override
+    {
+        m_log.append(QStringLiteral("frmDES"));
+        if (frmDES)
+            frmDES();
+    }
+    void mostrarBorrar() override { m_log.append(QStringLiteral("frmBorrar")); }
+    void mostrarTXF(int n) override { m_log.append(QStringLiteral("frmTXF %1").arg(n)); }
+    void abrirMenu(MenuEmergente menu) override
+    {
+        static const char* nombres[] = {"mnuVisualiza", "mnuOcultar", "mnuDerecho", "mnuDerecho2"};
+        m_log.append(QString::fromLatin1(nombres[static_cast<int>(menu)]));
+    }
+
+private:
+    QStringList& m_log;
+};
+
+// The picture loader, scripted: the paths it is given go to the log, and
+// the ones in `ilegibles` cannot be read.
+class ScriptedFondo : public CargadorFondo {
+public:
+    explicit ScriptedFondo(QStringList& log) : m_log(log) {}
+    QSet<QString> ilegibles;
+    QString mostrada; // what the surface shows now
+
+    bool cargar(const QString& ruta) override
+    {
+        m_log.append(QStringLiteral("cargar ") + ruta);
+        if (ilegibles.contains(ruta))
+            return false;
+        mostrada = ruta;
+        return true;
+    }
+
+private:
+    QStringList& m_log;
+};
+
+// A program folder with the catalogue in Spanish, and the editor over a
+// fresh shared block of the model asked for.
+struct EditorEnv {
+    ProgramDir dir;
+    ModBase mb;
+    ScriptedInteraction ui;
+    ScriptedEditorView view{ui.log};
+    ScriptedFondo cargador{ui.log};
+    FileCommands files{mb, ui, view};
+    EditorEtiqueta editor{mb, ui, files, view, cargador};
+
+    explicit EditorEnv(int modelo = 1)
+    {
+        dir.copyBuiltCatalogue();
+        dir.attach(mb);
+        mb.Idioma = 1;
+        CargarTextos(mb, 1);
+        mb.ModeloNuevo = static_cast<int16_t>(modelo);
+        files.controles.VSEtiqMin = modelo ? 3 : 1;
+        files.IniciaLineas();
+        view.editor = &editor;
+        editor.PaintFormLoad();
+        editor.cargarSuperficie();
+        editor.repintar();
+    }
+
+    // Field n on the label at (hor, ver) with size code `tamano`, its box
+    // laid out as the refresh lays it.
+    void poner(int n, int hor, int ver, const char* tamano = "0", bool seleccionado = false)
+    {
+        Campo& c = mb.Campos(n);
+        c.Presente = "1";
+        c.PosHor = static_cast<int16_t>(hor);
+        c.PosVer = static_cast<int16_t>(ver);
+        c.Tamano = tamano;
+        c.Seleccionado = seleccionado;
+        editor.MostrarCampo(n);
+    }
+};
