@@ -1,0 +1,444 @@
+// The small dialogs of the main window without their widgets: what each
+// shows when it loads, what its keys let through and what its buttons store.
+#include "Catalogo.h"
+#include "CodePage.h"
+#include "ConfigEnvio.h"
+#include "DialogoCampos.h"
+#include "DialogoTextos.h"
+#include "ModBase.h"
+#include "ProgramDir.h"
+
+#include <QtTest>
+
+static int campoDeTextoLibreTest(int i) { return i <= 5 ? i + 20 : i + 21; }
+
+class TestDialogos : public QObject {
+    Q_OBJECT
+
+    ProgramDir m_dir;
+
+    void prepara(ModBase& mb, int modelo = 1, int idioma = 1)
+    {
+        m_dir.attach(mb);
+        mb.Idioma = static_cast<int16_t>(idioma);
+        QCOMPARE(CargarTextos(mb, mb.Idioma), int16_t(0));
+        mb.ModeloNuevo = static_cast<int16_t>(modelo);
+        InicializarEtiqueta(mb);
+    }
+
+private slots:
+    void initTestCase() { m_dir.copyBuiltCatalogue(); }
+
+    // --- transfer settings ---
+
+    void configCarga_data()
+    {
+        QTest::addColumn<int>("numEquipo");
+        QTest::addColumn<QString>("caja");
+        QTest::newRow("never chosen") << 0 << "1";
+        QTest::newRow("chosen earlier in the run") << 6 << "6";
+    }
+    void configCarga()
+    {
+        QFETCH(int, numEquipo);
+        QFETCH(QString, caja);
+        ModBase mb;
+        prepara(mb);
+        mb.Puerto = 2;
+        mb.Baudios = 3;
+        mb.Paridad = 1;
+        mb.BitsParada = 1;
+        mb.BitsDatos = 0;
+        mb.NumEquipo = static_cast<int16_t>(numEquipo);
+        mb.SoloTextos = true;
+        const AjustesConfig a = CargarConfig(mb);
+        QCOMPARE(a.equipo, caja);
+        QCOMPARE(a.puerto, int16_t(2));
+        QCOMPARE(a.baudios, int16_t(3));
+        QCOMPARE(a.paridad, int16_t(1));
+        QCOMPARE(a.bitsParada, int16_t(1));
+        QCOMPARE(a.bitsDatos, int16_t(0));
+        QVERIFY(!mb.SoloTextos);
+        QCOMPARE(entradasParidad(mb),
+                 (QStringList{mb.Textos(1322), mb.Textos(1323), mb.Textos(1324)}));
+        // The list position is the stored value: the fourth speed is 19200.
+        QCOMPARE(entradasBaud().at(3), QStringLiteral("19200"));
+        QCOMPARE(entradasCOM().size(), 4);
+    }
+
+    void teclaEquipo_data()
+    {
+        QTest::addColumn<int>("codigo");
+        QTest::addColumn<bool>("admitida");
+        QTest::newRow("backspace") << 8 << true;
+        QTest::newRow("1") << int('1') << true;
+        QTest::newRow("8") << int('8') << true;
+        QTest::newRow("0") << int('0') << false;
+        QTest::newRow("9") << int('9') << false;
+        QTest::newRow("letter") << int('a') << false;
+        QTest::newRow("enter") << 13 << false;
+        QTest::newRow("minus") << int('-') << false;
+    }
+    void teclaEquipo()
+    {
+        QFETCH(int, codigo);
+        QFETCH(bool, admitida);
+        QCOMPARE(teclaEquipoAdmitida(codigo), admitida);
+    }
+
+    void configGuarda_data()
+    {
+        QTest::addColumn<QString>("caja");
+        QTest::addColumn<bool>("soloTextos");
+        QTest::addColumn<int>("numEquipo");
+        QTest::newRow("whole label") << "4" << false << 4;
+        QTest::newRow("free texts only") << "8" << true << 8;
+        QTest::newRow("box left empty") << "" << false << 1;
+    }
+    void configGuarda()
+    {
+        QFETCH(QString, caja);
+        QFETCH(bool, soloTextos);
+        QFETCH(int, numEquipo);
+        ModBase mb;
+        prepara(mb);
+        AjustesConfig a;
+        a.puerto = 3;
+        a.baudios = 1;
+        a.paridad = 2;
+        a.bitsParada = 1;
+        a.bitsDatos = 1;
+        a.equipo = caja;
+        GuardarConfig(mb, a, soloTextos);
+        QCOMPARE(mb.Puerto, int16_t(3));
+        QCOMPARE(mb.Baudios, int16_t(1));
+        QCOMPARE(mb.Paridad, int16_t(2));
+        QCOMPARE(mb.BitsParada, int16_t(1));
+        QCOMPARE(mb.BitsDatos, int16_t(1));
+        QCOMPARE(mb.NumEquipo, int16_t(numEquipo));
+        QCOMPARE(mb.SoloTextos, soloTextos);
+    }
+
+    // --- capitals as typed ---
+
+    void mayusculas_data()
+    {
+        QTest::addColumn<int>("idioma");
+        QTest::addColumn<QString>("tecleado");
+        QTest::addColumn<QString>("queda");
+        QTest::newRow("plain letters") << 1 << "carne 1z" << "CARNE 1Z";
+        QTest::newRow("ñ, not the other accents") << 1 << "ñáéü" << "Ñáéü";
+        QTest::newRow("capitals and signs stay") << 2 << "AB-{}~" << "AB-{}~";
+        QTest::newRow("Greek: only what sits at 241") << 7 << "aρα" << "AΡα";
+        QTest::newRow("Polish: ń at 241") << 8 << "ńą" << "Ńą";
+    }
+    void mayusculas()
+    {
+        QFETCH(int, idioma);
+        QFETCH(QString, tecleado);
+        QFETCH(QString, queda);
+        QCOMPARE(mayusculasAlTeclear(static_cast<int16_t>(idioma), tecleado), queda);
+    }
+
+    // --- free texts ---
+
+    void txlFilas_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<QList<int>>("visibles");
+        QTest::addColumn<QString>("primerTitulo");
+        QTest::newRow("old model") << 0 << QList<int>{1, 2, 3, 4, 5} << "1";
+        QTest::newRow("new model") << 1 << QList<int>{6, 7, 8, 9, 10, 11, 12, 13, 14, 15} << "1";
+    }
+    void txlFilas()
+    {
+        QFETCH(int, modelo);
+        QFETCH(QList<int>, visibles);
+        QFETCH(QString, primerTitulo);
+        ModBase mb;
+        prepara(mb, modelo);
+        mb.TXLPendiente(3) = true;
+        const int primera = visibles.first();
+        mb.TextoLibre(primera - 1) = "PAN";
+        mb.Campos(campoDeTextoLibreTest(primera)).Presente = "1";
+        mb.TextoLibre(primera) = "SIN CAMPO";
+        DialogoTXL d(mb);
+        for (int i = 1; i <= 15; ++i)
+            QCOMPARE(d.fila(i).visible, visibles.contains(i));
+        QVERIFY(!mb.TXLPendiente(3));
+        QCOMPARE(d.fila(primera).titulo, primerTitulo + " " + mb.Textos(1307));
+        // Closed with text: shown, disabled; the mark only where the field is on.
+        QVERIFY(d.fila(primera).textoVisible && !d.fila(primera).textoHabilitado);
+        QVERIFY(d.fila(primera).enEtiqueta);
+        QVERIFY(d.fila(primera + 1).textoVisible && !d.fila(primera + 1).enEtiqueta);
+        QVERIFY(!d.fila(primera + 2).textoVisible);
+    }
+
+    // Open a row, type, confirm; another row: open, type, close by its box.
+    void txlAbrirConfirmarSoltar()
+    {
+        ModBase mb;
+        prepara(mb, 1);
+        DialogoTXL d(mb);
+        d.pulsarFila(6, true);
+        QVERIFY(d.fila(6).textoVisible && d.fila(6).textoHabilitado);
+        for (int i = 7; i <= 15; ++i)
+            QVERIFY(!d.fila(i).marcable);
+        d.cambiarTexto(6, "QUESO");
+        d.aceptar();
+        QCOMPARE(mb.TextoLibre(5), QByteArray("QUESO"));
+        QCOMPARE(mb.Campos(27).Presente, QByteArray("1"));
+        QVERIFY(mb.TXLCambiado(6));
+        QVERIFY(!d.fila(6).marcada && !d.fila(6).textoHabilitado && d.fila(6).enEtiqueta);
+        for (int i = 6; i <= 15; ++i)
+            QVERIFY(d.fila(i).marcable);
+
+        // Clearing the box drops what was typed.
+        d.pulsarFila(6, true);
+        d.cambiarTexto(6, "OTRO");
+        d.pulsarFila(6, false);
+        QCOMPARE(d.fila(6).texto, QStringLiteral("QUESO"));
+        QCOMPARE(mb.TextoLibre(5), QByteArray("QUESO"));
+
+        // An empty row opened and closed again hides its box.
+        d.pulsarFila(9, true);
+        d.pulsarFila(9, false);
+        QVERIFY(!d.fila(9).textoVisible);
+        QVERIFY(mb.Campos(30).Presente == "0");
+
+        // OK with no row open only repaints.
+        const ModBase antes = mb;
+        d.aceptar();
+        QCOMPARE(mb.TextoLibre, antes.TextoLibre);
+    }
+
+    // A row already on the label opens with its text (here the empty one it
+    // was confirmed with), dropping what was typed and not confirmed; row 6
+    // keeps what its box had.
+    void txlAbrirFilaPresente_data()
+    {
+        QTest::addColumn<int>("fila");
+        QTest::addColumn<QString>("abre");
+        QTest::newRow("row 7") << 7 << "";
+        QTest::newRow("row 6 is never filled") << 6 << "STALE";
+    }
+    void txlAbrirFilaPresente()
+    {
+        QFETCH(int, fila);
+        QFETCH(QString, abre);
+        ModBase mb;
+        prepara(mb, 1);
+        mb.Campos(campoDeTextoLibreTest(fila)).Presente = "1";
+        DialogoTXL d(mb);
+        d.pulsarFila(fila, true);
+        d.cambiarTexto(fila, "STALE");
+        d.pulsarFila(fila, false);
+        d.pulsarFila(fila, true);
+        QCOMPARE(d.fila(fila).texto, abre);
+    }
+
+    // Salir: only texts newly on the label are left pending; freetxl.sft.
+    void txlSalir()
+    {
+        ModBase mb;
+        prepara(mb, 1);
+        mb.TextoLibre(6) = "YA";
+        mb.Campos(28).Presente = "1"; // row 7 on the label when opened
+        mb.TXLPendiente(12) = true;
+        DialogoTXL d(mb);
+        d.pulsarFila(7, true);
+        d.cambiarTexto(7, "REWORDED");
+        d.aceptar();
+        d.pulsarFila(8, true);
+        d.cambiarTexto(8, "NUEVO");
+        d.aceptar();
+        d.salir();
+        QVERIFY(!mb.TXLPendiente(7));
+        QVERIFY(mb.TXLPendiente(8));
+        QVERIFY(!mb.TXLPendiente(12));
+        const QByteArray sft = m_dir.read("freetxl.sft");
+        QVERIFY(sft.contains("9:06REWORDED\r\n9:07NUEVO\r\n"));
+        QCOMPARE(sft.count("9:"), 15);
+    }
+
+    // --- fixed texts ---
+
+    void textoFijo_data()
+    {
+        QTest::addColumn<QByteArray>("guardado");
+        QTest::addColumn<QString>("caja");
+        QTest::newRow("25 blanks") << QByteArray(25, ' ') << "";
+        QTest::newRow("filled to 25") << QByteArray("ABC") + QByteArray(22, ' ') << "ABC";
+        QTest::newRow("one blank alone") << QByteArray(" ") << " ";
+        QTest::newRow("short with blanks") << QByteArray("AB  ") << "AB  ";
+        QTest::newRow("one letter then blanks") << QByteArray("X") + QByteArray(24, ' ') << "X";
+        QTest::newRow("longer than 25")
+            << QByteArray("A") + QByteArray(30, ' ') + "Z" << "A";
+        QTest::newRow("Greek") << encodeFor(7, QStringLiteral("ΔΕΛΤΑ")) << "ΔΕΛΤΑ";
+    }
+    void textoFijo()
+    {
+        QFETCH(QByteArray, guardado);
+        QFETCH(QString, caja);
+        const int16_t idioma = caja.contains(QChar(0x0394)) ? 7 : 1;
+        QCOMPARE(textoFijoParaCaja(idioma, guardado), caja);
+    }
+
+    void textoFijoAceptar()
+    {
+        ModBase mb;
+        prepara(mb, 1, 8);
+        AceptarTXF(mb, QStringLiteral("ŁÓDŹ"), QString());
+        QCOMPARE(mb.TextoFijo(0), encodeFor(8, QStringLiteral("ŁÓDŹ")));
+        QCOMPARE(mb.TextoFijo(1), QByteArray());
+        QVERIFY(mb.Modificado);
+    }
+
+    // --- descriptive lines and label kind ---
+
+    void descriptivos()
+    {
+        ModBase mb;
+        prepara(mb, 1);
+        mb.Campos(1).Presente = "1";
+        mb.Campos(2).Presente = "1";
+        mb.DESPendiente(9) = true; // an earlier choice not placed yet
+        std::array<bool, 10> m = CargarDES(mb);
+        QVERIFY(m[0] && m[1] && !m[2]);
+        QCOMPARE(tituloDES(mb, 10), "10 " + mb.Textos(70));
+        m[1] = false; // cleared
+        m[2] = true;  // newly on
+        AceptarDES(mb, m);
+        QVERIFY(!mb.DESPendiente(1));
+        QCOMPARE(mb.Campos(1).Presente, QByteArray("1"));
+        QCOMPARE(mb.Campos(2).Presente, QByteArray("0"));
+        QVERIFY(mb.DESPendiente(3));
+        QCOMPARE(mb.Campos(3).Presente, QByteArray("1"));
+        QVERIFY(mb.DESPendiente(9));
+        QVERIFY(!mb.Modificado);
+    }
+
+    void tipoEtiqueta_data()
+    {
+        QTest::addColumn<QByteArray>("tipo");
+        QTest::addColumn<int>("opcion");
+        QTest::addColumn<int>("elegida");
+        QTest::addColumn<QByteArray>("queda");
+        QTest::newRow("T to V") << QByteArray("T") << 0 << 1 << QByteArray("V");
+        QTest::newRow("V to T") << QByteArray("V") << 1 << 0 << QByteArray("T");
+        QTest::newRow("neither, none chosen") << QByteArray("X") << -1 << -1 << QByteArray("X");
+    }
+    void tipoEtiqueta()
+    {
+        QFETCH(QByteArray, tipo);
+        QFETCH(int, opcion);
+        QFETCH(int, elegida);
+        QFETCH(QByteArray, queda);
+        ModBase mb;
+        prepara(mb, 1);
+        mb.TipoEtiqueta = tipo;
+        mb.NumEtiqueta = "5";
+        mb.NombreEtiqueta = "PESCADO";
+        mb.TextoLibre(3) = "X";
+        mb.Campos(11).Presente = "1";
+        mb.Modificado = mb.ArchivoConocido = true;
+        QCOMPARE(CargarTipoEtiq(mb), opcion);
+        AceptarTipoEtiq(mb, elegida);
+        QCOMPARE(mb.TipoEtiqueta, queda);
+        QCOMPARE(mb.NumEtiqueta, QByteArray("3"));
+        QVERIFY(mb.NombreEtiqueta.isEmpty() && mb.TextoLibre(3).isEmpty());
+        QCOMPARE(mb.Campos(11).Presente, QByteArray("0"));
+        QVERIFY(!mb.Modificado && !mb.ArchivoConocido);
+    }
+
+    // --- delete selection ---
+
+    void borrarCasillas()
+    {
+        QCOMPARE(DialogoBorrar::Casillas, 38);
+        ModBase mb;
+        prepara(mb, 1);
+        DialogoBorrar vacio(mb);
+        // Nothing on the label: every box is disabled and "select all" ticks none.
+        vacio.seleccionarTodo();
+        for (int k = 0; k < DialogoBorrar::Casillas; ++k) {
+            if (k == DialogoBorrar::indice("ChBorrarLib", 3))
+                continue; // hidden on this model, tested below
+            QVERIFY2(!vacio.casilla(k).habilitada, DialogoBorrar::casillaDef(k).nombre);
+            QVERIFY(!vacio.casilla(k).marcada);
+        }
+    }
+
+    void borrarReglas_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<QByteArray>("tipo");
+        QTest::addColumn<QList<int>>("presentes");
+        QTest::addColumn<QList<int>>("borrados"); // after select all and OK
+        QTest::newRow("V: price and amount by their V boxes")
+            << 1 << QByteArray("V") << QList<int>{13, 14, 20, 1} << QList<int>{13, 14, 1};
+        QTest::newRow("T: operations, total and total mark")
+            << 1 << QByteArray("T") << QList<int>{13, 14, 20} << QList<int>{13, 14, 20};
+        QTest::newRow("another kind: none of the five")
+            << 1 << QByteArray("Q") << QList<int>{13, 14, 20, 11} << QList<int>{11};
+        // The hidden boxes of free texts 1 to 5 are ticked too on the new model.
+        QTest::newRow("new model: lot and every free text")
+            << 1 << QByteArray("V") << QList<int>{21, 26, 27, 36} << QList<int>{21, 26, 27, 36};
+        QTest::newRow("old model: free texts 1 to 5")
+            << 0 << QByteArray("V") << QList<int>{21, 25, 16} << QList<int>{21, 25, 16};
+    }
+    void borrarReglas()
+    {
+        QFETCH(int, modelo);
+        QFETCH(QByteArray, tipo);
+        QFETCH(QList<int>, presentes);
+        QFETCH(QList<int>, borrados);
+        ModBase mb;
+        prepara(mb, modelo);
+        mb.TipoEtiqueta = tipo;
+        for (int n : presentes) {
+            mb.Campos(n).Presente = "1";
+            mb.Campos(n).PosHor = 7;
+            mb.Campos(n).TextoHor = "025";
+            mb.Campos(n).Seleccionado = true;
+        }
+        DialogoBorrar d(mb);
+        d.seleccionarTodo();
+        d.aceptar();
+        for (int n : presentes) {
+            Campo limpio;
+            limpio.Codigo = codigoCampo(n);
+            QCOMPARE(mb.Campos(n) == limpio, borrados.contains(n));
+        }
+        QCOMPARE(mb.Modificado, !borrados.isEmpty());
+    }
+
+    void borrarTitulos()
+    {
+        ModBase mb;
+        prepara(mb, 1, 2);
+        mb.Campos(27).Presente = "1";
+        DialogoBorrar nuevo(mb);
+        const int lib6 = DialogoBorrar::indice("ChBorrarLib", 6);
+        QCOMPARE(nuevo.casilla(lib6).titulo, mb.Textos(1307) + " 1");
+        QVERIFY(nuevo.casilla(lib6).visible && nuevo.casilla(lib6).habilitada);
+        QVERIFY(!nuevo.casilla(DialogoBorrar::indice("ChBorrarLib", 1)).visible);
+        const int lote = DialogoBorrar::indice("ChBorrarLote");
+        // The lot's words come from the catalogue only when it is off.
+        QCOMPARE(nuevo.casilla(lote).titulo, mb.Textos(1040));
+        mb.Campos(26).Presente = "1";
+        QCOMPARE(DialogoBorrar(mb).casilla(lote).titulo, QStringLiteral("Lote"));
+
+        // Ticked, then cancelled: the dialog is dropped and nothing changes.
+        const ModBase antes = mb;
+        {
+            DialogoBorrar d(mb);
+            d.marcar(lib6, true);
+        }
+        QCOMPARE(mb.Campos(27), antes.Campos(27));
+        QVERIFY(!mb.Modificado);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDialogos)
+#include "tst_dialogos.moc"
