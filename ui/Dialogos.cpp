@@ -1,10 +1,44 @@
 #include "Dialogos.h"
 
-// Placeholders until the dialogs are built: each returns at once, as a
-// dialog closed with Cancel would.
-void mostrarFrmTXL(ModBase&, QWidget*) {}
-void mostrarFrmDES(ModBase&, QWidget*) {}
-void mostrarFrmBorrar(ModBase&, QWidget*) {}
-void mostrarFrmTXF(ModBase&, int, QWidget*) {}
-void mostrarFrmConfig(ModBase&, UserInteraction&, QWidget*) {}
-void mostrarFrmTipoEtiq(ModBase&, QWidget*) {}
+#include "frmBorrar.h"
+#include "frmConfig.h"
+#include "frmDES.h"
+#include "frmTXF.h"
+#include "frmTXL.h"
+
+void mostrarFrmTXL(ModBase& mb, QWidget* parent)
+{
+    frmTXL dialogo(mb, parent);
+    dialogo.exec();
+}
+
+void mostrarFrmDES(ModBase& mb, QWidget* parent)
+{
+    frmDES dialogo(mb, parent);
+    dialogo.exec();
+}
+
+void mostrarFrmBorrar(ModBase& mb, QWidget* parent)
+{
+    frmBorrar dialogo(mb, parent);
+    dialogo.exec();
+}
+
+// Both lines are in the dialog, whichever of them the menu was opened on.
+void mostrarFrmTXF(ModBase& mb, int, QWidget* parent)
+{
+    frmTXF dialogo(mb, parent);
+    dialogo.exec();
+}
+
+void mostrarFrmConfig(ModBase& mb, UserInteraction& ui, QWidget* parent)
+{
+    frmConfig dialogo(mb, ui, parent);
+    dialogo.exec();
+}
+
+void mostrarFrmTipoEtiq(ModBase& mb, QWidget* parent)
+{
+    frmTipoEtiq dialogo(mb, parent);
+    dialogo.exec();
+}

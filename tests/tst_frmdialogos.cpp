@@ -1,0 +1,398 @@
+// The dialogs themselves on the offscreen platform, driven by keys and
+// clicks as a person drives them, and one transfer from the settings dialog
+// to the virtual scale.
+#include "BalanzaVirtual.h"
+#include "Catalogo.h"
+#include "CodePage.h"
+#include "ModBase.h"
+#include "ProgramDir.h"
+#include "ScriptedInteraction.h"
+#include "frmBorrar.h"
+#include "frmConfig.h"
+#include "frmDES.h"
+#include "frmEnvio.h"
+#include "frmTXF.h"
+#include "frmTXL.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QRadioButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+#include <memory>
+#include <vector>
+
+namespace {
+
+template <typename T> T* hijo(QWidget& w, const QString& nombre)
+{
+    T* h = w.findChild<T*>(nombre);
+    if (!h)
+        qFatal("no child %s", qPrintable(nombre));
+    return h;
+}
+
+// Typing as a keyboard of the language would: one key each, letters
+// outside ASCII included.
+void teclear(QWidget* w, const QString& texto)
+{
+    for (QChar c : texto)
+        QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+
+} // namespace
+
+class TestFrmDialogos : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ProgramDir> m_dir;
+    std::unique_ptr<ModBase> m_mb;
+
+private slots:
+    void init()
+    {
+        m_dir.reset(new ProgramDir);
+        m_dir->copyBuiltCatalogue();
+        m_mb.reset(new ModBase);
+        m_dir->attach(*m_mb);
+        m_mb->Idioma = 1;
+        QCOMPARE(CargarTextos(*m_mb, 1), int16_t(0));
+        m_mb->ModeloNuevo = 1;
+        InicializarEtiqueta(*m_mb);
+    }
+
+    // --- transfer settings ---
+
+    void configTeclas()
+    {
+        m_mb->Baudios = 2;
+        m_mb->Paridad = 2;
+        ScriptedInteraction ui;
+        frmConfig w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QCOMPARE(w.windowTitle(), m_mb->Textos(259));
+        auto* baud = hijo<QComboBox>(w, "cmbBaud");
+        auto* par = hijo<QComboBox>(w, "cmbPar");
+        QCOMPARE(baud->currentText(), QStringLiteral("9600"));
+        QCOMPARE(par->currentText(), m_mb->Textos(1324));
+        // Nothing typed changes a list.
+        baud->setFocus();
+        QTest::keyClicks(baud, "4");
+        QTest::keyClick(baud, Qt::Key_Down);
+        QTest::keyClick(baud, Qt::Key_End);
+        QCOMPARE(baud->currentIndex(), 2);
+        // A title hands its focus to its list.
+        hijo<QLineEdit>(w, "txtPar")->setFocus();
+        QCOMPARE(QApplication::focusWidget(), par);
+
+        auto* equipo = hijo<QLineEdit>(w, "txtEquipo");
+        QCOMPARE(equipo->text(), QStringLiteral("1"));
+        QCOMPARE(equipo->toolTip(), m_mb->Textos(323) + " 1 - 8");
+        equipo->setFocus();
+        QTest::keyClick(equipo, Qt::Key_Backspace);
+        QTest::keyClicks(equipo, "09a-");
+        QCOMPARE(equipo->text(), QString());
+        QTest::keyClicks(equipo, "73");
+        QCOMPARE(equipo->text(), QStringLiteral("7"));
+        QTest::keyClick(equipo, Qt::Key_Backspace);
+        // Left empty, the box reads 1 once the focus has gone.
+        baud->setFocus();
+        QCOMPARE(equipo->text(), QStringLiteral("1"));
+    }
+
+    void configCancelar()
+    {
+        m_mb->Puerto = 1;
+        m_mb->NumEquipo = 5;
+        ScriptedInteraction ui;
+        frmConfig w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QCOMPARE(hijo<QLineEdit>(w, "txtEquipo")->text(), QStringLiteral("5"));
+        hijo<QComboBox>(w, "cmbCOM")->setCurrentIndex(3);
+        hijo<QLineEdit>(w, "txtEquipo")->setText("2");
+        QTest::mouseClick(hijo<QPushButton>(w, "CancelButton"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        QCOMPARE(w.result(), int(QDialog::Rejected));
+        QCOMPARE(m_mb->Puerto, int16_t(1));
+        QCOMPARE(m_mb->NumEquipo, int16_t(5));
+        QVERIFY(!m_mb->SoloTextos);
+    }
+
+    // The settings dialog sends through the transfer window to the scale,
+    // which then closes, and the settings chosen are kept.
+    void configEnvia_data()
+    {
+        QTest::addColumn<QString>("boton");
+        QTest::addColumn<int>("tramas");
+        QTest::addColumn<int>("maximo");
+        QTest::addColumn<bool>("soloTextos");
+        QTest::newRow("whole label") << "OKButton" << 54 << 53 << false;
+        QTest::newRow("free texts only") << "CommandTXL" << 17 << 15 << true;
+    }
+    void configEnvia()
+    {
+        QFETCH(QString, boton);
+        QFETCH(int, tramas);
+        QFETCH(int, maximo);
+        QFETCH(bool, soloTextos);
+        m_mb->Baudios = 0;
+        m_mb->Paridad = 2;
+        m_mb->BitsDatos = 0;
+        m_mb->TextoLibre(0) = "CARNE";
+        m_mb->Campos(1).Presente = "1";
+        BalanzaVirtual balanza(*m_dir, {});
+        QVERIFY(balanza.lista());
+
+        ScriptedInteraction ui;
+        frmConfig w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        // A pseudo-terminal carries no parity and 8 data bits only.
+        hijo<QComboBox>(w, "cmbBaud")->setCurrentIndex(3);
+        hijo<QComboBox>(w, "cmbPar")->setCurrentIndex(0);
+        hijo<QComboBox>(w, "cmbDatos")->setCurrentIndex(1);
+        auto* equipo = hijo<QLineEdit>(w, "txtEquipo");
+        equipo->setFocus();
+        QTest::keyClick(equipo, Qt::Key_Backspace);
+        QTest::keyClicks(equipo, "3");
+
+        // What the transfer window looks like while it runs.
+        bool vista = false, sinCierre = false;
+        QString titulo;
+        int max = -1;
+        QTimer espia;
+        connect(&espia, &QTimer::timeout, [&] {
+            for (QWidget* t : QApplication::topLevelWidgets())
+                if (t->objectName() == "frmEnvio" && t->isVisible()) {
+                    vista = true;
+                    titulo = t->windowTitle();
+                    sinCierre = !(t->windowFlags() & Qt::WindowCloseButtonHint);
+                    max = t->findChild<QProgressBar*>("ProBar1")->maximum();
+                }
+        });
+        espia.start(5);
+        QTest::mouseClick(hijo<QPushButton>(w, boton), Qt::LeftButton);
+        espia.stop();
+
+        QVERIFY(vista);
+        QCOMPARE(titulo, QStringLiteral("Enviando..."));
+        QVERIFY(sinCierre);
+        QCOMPARE(max, maximo);
+        for (QWidget* t : QApplication::topLevelWidgets())
+            QVERIFY(t->objectName() != "frmEnvio");
+        QVERIFY(!w.isVisible());
+        QCOMPARE(ui.log, QStringList{"message: " + m_mb->Textos(445)});
+        const QList<QByteArray> recibidas = balanza.tramas();
+        QCOMPARE(recibidas.size(), tramas);
+        QVERIFY(recibidas.at(1).startsWith(QByteArray("\x02" "9:00CARNE ")));
+        QCOMPARE(m_mb->Baudios, int16_t(3));
+        QCOMPARE(m_mb->Paridad, int16_t(0));
+        QCOMPARE(m_mb->BitsDatos, int16_t(1));
+        QCOMPARE(m_mb->NumEquipo, int16_t(3));
+        QCOMPARE(m_mb->SoloTextos, soloTextos);
+    }
+
+    // --- text boxes: capitals as typed, 25 characters ---
+
+    void txlTeclear()
+    {
+        frmTXL w(*m_mb);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QVERIFY(!hijo<QCheckBox>(w, "ChTXL1")->isVisible());
+        auto* ch = hijo<QCheckBox>(w, "ChTXL6");
+        QCOMPARE(ch->text(), "1 " + m_mb->Textos(1307));
+        auto* caja = hijo<QLineEdit>(w, "TextTXL6");
+        QVERIFY(!caja->isVisible());
+        QTest::mouseClick(ch, Qt::LeftButton);
+        QVERIFY(caja->isVisible() && caja->isEnabled());
+        QVERIFY(!hijo<QCheckBox>(w, "ChTXL7")->isEnabled());
+        caja->setFocus();
+        teclear(caja, QStringLiteral("jamón ñandú serrano del pais"));
+        QCOMPARE(caja->text(), QStringLiteral("JAMóN ÑANDú SERRANO DEL P"));
+        // Enter moves on to OK, and only that.
+        QTest::keyClick(caja, Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), hijo<QPushButton>(w, "OKButton"));
+        QVERIFY(w.isVisible());
+        QTest::mouseClick(hijo<QPushButton>(w, "OKButton"), Qt::LeftButton);
+        QVERIFY(w.isVisible());
+        QCOMPARE(m_mb->TextoLibre(5), encodeFor(1, QStringLiteral("JAMóN ÑANDú SERRANO DEL P")));
+        QVERIFY(!caja->isEnabled() && !ch->isChecked());
+        QVERIFY(hijo<QLabel>(w, "imTXLprog6")->isVisible());
+
+        QTest::mouseClick(hijo<QPushButton>(w, "SalirButton"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        QVERIFY(m_mb->TXLPendiente(6));
+        QVERIFY(m_dir->exists("freetxl.sft"));
+    }
+
+    void txlCancelar()
+    {
+        m_mb->ModeloNuevo = 0;
+        frmTXL w(*m_mb);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QCOMPARE(hijo<QCheckBox>(w, "ChTXL1")->text(), "1 " + m_mb->Textos(1307));
+        QVERIFY(!hijo<QCheckBox>(w, "ChTXL6")->isVisible());
+        QTest::mouseClick(hijo<QCheckBox>(w, "ChTXL2"), Qt::LeftButton);
+        QTest::keyClicks(hijo<QLineEdit>(w, "TextTXL2"), "pan");
+        QTest::mouseClick(hijo<QPushButton>(w, "OKButton"), Qt::LeftButton);
+        QTest::mouseClick(hijo<QPushButton>(w, "CancelButton"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        QCOMPARE(m_mb->TextoLibre(1), QByteArray("PAN"));
+        QVERIFY(!m_mb->TXLPendiente(2));
+        QVERIFY(!m_dir->exists("freetxl.sft"));
+    }
+
+    void txfTeclear()
+    {
+        m_mb->Idioma = 7;
+        QCOMPARE(CargarTextos(*m_mb, 7), int16_t(0));
+        m_mb->TextoFijo(0) = QByteArray("ABC") + QByteArray(22, ' ');
+        frmTXF w(*m_mb);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QCOMPARE(hijo<QLabel>(w, "labelTXF2")->text(), m_mb->Textos(1337) + " 2:");
+        auto* uno = hijo<QLineEdit>(w, "TextTXF1");
+        auto* dos = hijo<QLineEdit>(w, "TextTXF2");
+        QCOMPARE(uno->text(), QStringLiteral("ABC"));
+        // Enter in an empty box stays; in a filled one it moves on.
+        dos->setFocus();
+        QTest::keyClick(dos, Qt::Key_Return);
+        QCOMPARE(QApplication::focusWidget(), dos);
+        teclear(dos, QStringLiteral("fin ρ") + QString(30, QLatin1Char('x')));
+        QCOMPARE(dos->text().size(), 25);
+        QVERIFY(dos->text().startsWith(QStringLiteral("FIN ΡXX")));
+        QTest::keyClick(dos, Qt::Key_Enter);
+        QCOMPARE(QApplication::focusWidget(), hijo<QPushButton>(w, "OKButton"));
+        QVERIFY(w.isVisible());
+        QTest::mouseClick(hijo<QPushButton>(w, "OKButton"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        QCOMPARE(m_mb->TextoFijo(0), QByteArray("ABC"));
+        QCOMPARE(m_mb->TextoFijo(1), encodeFor(7, dos->text()));
+        QVERIFY(m_mb->Modificado);
+    }
+
+    void txfCancelar()
+    {
+        m_mb->TextoFijo(1) = "KEEP";
+        frmTXF w(*m_mb);
+        w.show();
+        QTest::keyClicks(hijo<QLineEdit>(w, "TextTXF2"), "x");
+        QTest::mouseClick(hijo<QPushButton>(w, "CancelButton"), Qt::LeftButton);
+        QCOMPARE(m_mb->TextoFijo(1), QByteArray("KEEP"));
+        QVERIFY(!m_mb->Modificado);
+    }
+
+    // --- descriptive lines, label kind, delete ---
+
+    void desBotones()
+    {
+        m_mb->Campos(4).Presente = "1";
+        frmDES w(*m_mb);
+        w.show();
+        auto* cuatro = hijo<QCheckBox>(w, "ChDes4");
+        QVERIFY(cuatro->isChecked());
+        QCOMPARE(cuatro->text(), "4 " + m_mb->Textos(70));
+        QTest::mouseClick(cuatro, Qt::LeftButton);
+        QTest::mouseClick(hijo<QCheckBox>(w, "ChDes10"), Qt::LeftButton);
+        QTest::mouseClick(hijo<QPushButton>(w, "OKButton"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        QCOMPARE(m_mb->Campos(4).Presente, QByteArray("0"));
+        QVERIFY(m_mb->DESPendiente(10));
+    }
+
+    void tipoEtiqBotones()
+    {
+        m_mb->TipoEtiqueta = "V";
+        m_mb->NombreEtiqueta = "ABC";
+        {
+            frmTipoEtiq w(*m_mb);
+            w.show();
+            QVERIFY(hijo<QRadioButton>(w, "TipoEtiq1")->isChecked());
+            QTest::mouseClick(hijo<QRadioButton>(w, "TipoEtiq0"), Qt::LeftButton);
+            QTest::mouseClick(hijo<QPushButton>(w, "CancelButton"), Qt::LeftButton);
+        }
+        QCOMPARE(m_mb->TipoEtiqueta, QByteArray("V"));
+        QCOMPARE(m_mb->NombreEtiqueta, QByteArray("ABC"));
+        frmTipoEtiq w(*m_mb);
+        w.show();
+        QTest::mouseClick(hijo<QRadioButton>(w, "TipoEtiq0"), Qt::LeftButton);
+        QTest::mouseClick(hijo<QPushButton>(w, "OKButton"), Qt::LeftButton);
+        QCOMPARE(m_mb->TipoEtiqueta, QByteArray("T"));
+        QVERIFY(m_mb->NombreEtiqueta.isEmpty());
+    }
+
+    void borrarBotones()
+    {
+        m_mb->TipoEtiqueta = "T";
+        for (int n : {5, 13, 20, 27})
+            m_mb->Campos(n).Presente = "1";
+        frmBorrar w(*m_mb);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QVERIFY(!hijo<QCheckBox>(w, "ChBorrarPre")->isEnabled());
+        QVERIFY(hijo<QCheckBox>(w, "ChBorrarOpe")->isEnabled());
+        QVERIFY(!hijo<QCheckBox>(w, "ChBorrarLib1")->isVisible());
+        QVERIFY(hijo<QCheckBox>(w, "ChBorrarLote")->isVisible());
+        QTest::mouseClick(hijo<QPushButton>(w, "CommandSelTodo"), Qt::LeftButton);
+        QVERIFY(hijo<QCheckBox>(w, "ChBorrarEti")->isChecked());
+        // Untick one of them by hand: it stays on the label.
+        QTest::mouseClick(hijo<QCheckBox>(w, "ChBorrarDes5"), Qt::LeftButton);
+        QTest::mouseClick(hijo<QPushButton>(w, "OKButton"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        QCOMPARE(m_mb->Campos(5).Presente, QByteArray("1"));
+        for (int n : {13, 20, 27})
+            QCOMPARE(m_mb->Campos(n).Presente, QByteArray("0"));
+        QVERIFY(m_mb->Modificado);
+    }
+
+    // Pictures of every dialog for a person to look at, in Spanish and in
+    // Greek, when KORVO_SHOTS names a folder; skipped otherwise.
+    void capturas()
+    {
+        const QString carpeta = qEnvironmentVariable("KORVO_SHOTS");
+        if (carpeta.isEmpty())
+            QSKIP("KORVO_SHOTS is not set");
+        for (int idioma : {1, 7}) {
+            m_mb->Idioma = static_cast<int16_t>(idioma);
+            QCOMPARE(CargarTextos(*m_mb, m_mb->Idioma), int16_t(0));
+            m_mb->TextoLibre(5) = "CARNE";
+            m_mb->TextoLibre(6) = encodeFor(m_mb->Idioma, QStringLiteral("ΘΕΑ"));
+            m_mb->TextoFijo(0) = "LINEA UNO";
+            for (int n : {1, 3, 11, 13, 26, 27})
+                m_mb->Campos(n).Presente = "1";
+            ScriptedInteraction ui;
+            std::vector<std::unique_ptr<QDialog>> ds;
+            ds.emplace_back(new frmConfig(*m_mb, ui));
+            ds.emplace_back(new frmTXL(*m_mb));
+            ds.emplace_back(new frmTXF(*m_mb));
+            ds.emplace_back(new frmDES(*m_mb));
+            ds.emplace_back(new frmTipoEtiq(*m_mb));
+            ds.emplace_back(new frmBorrar(*m_mb));
+            for (auto& d : ds) {
+                d->show();
+                QVERIFY(QTest::qWaitForWindowExposed(d.get()));
+                QVERIFY(d->grab().save(QStringLiteral("%1/%2-%3.png")
+                                           .arg(carpeta, d->objectName())
+                                           .arg(idioma)));
+            }
+            // The transfer window, halfway, never shown: showing it sends.
+            frmEnvio envio(*m_mb, ui);
+            envio.setTexto(m_mb->Textos(516) + " " + m_mb->Textos(1307) + "...");
+            envio.setValor(7);
+            envio.adjustSize();
+            QVERIFY(envio.grab().save(QStringLiteral("%1/frmEnvio-%2.png").arg(carpeta).arg(idioma)));
+        }
+    }
+};
+
+QTEST_MAIN(TestFrmDialogos)
+#include "tst_frmdialogos.moc"

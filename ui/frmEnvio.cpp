@@ -1,0 +1,102 @@
+#include "frmEnvio.h"
+
+#include "ModBase.h"
+#include "PuertoSerieQt.h"
+#include "UserInteraction.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+frmEnvio::frmEnvio(ModBase& mb, UserInteraction& ui, QWidget* parent)
+    // A title and nothing else: no close box, no way out but the end.
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
+{
+    setObjectName(QStringLiteral("frmEnvio"));
+    setWindowTitle(QStringLiteral("Enviando..."));
+    ProBar1 = new QProgressBar(this);
+    ProBar1->setObjectName(QStringLiteral("ProBar1"));
+    ProBar1->setTextVisible(false);
+    lblText = new QLabel(this);
+    lblText->setObjectName(QStringLiteral("lblText"));
+    lblText->setMinimumWidth(360);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(ProBar1);
+    layout->addWidget(lblText);
+
+    m_puerto = std::make_unique<PuertoSerieQt>(mb.programDir);
+    m_envio = std::make_unique<Envio>(mb, *m_puerto, ui, *this);
+    m_envio->cargar();
+}
+
+// The transfer object goes first: it closes the port it was given.
+frmEnvio::~frmEnvio()
+{
+    m_envio.reset();
+}
+
+void frmEnvio::setMaximo(int maximo)
+{
+    ProBar1->setMaximum(maximo);
+}
+
+void frmEnvio::setValor(int valor)
+{
+    ProBar1->setValue(valor);
+}
+
+void frmEnvio::setTexto(const QString& texto)
+{
+    lblText->setText(texto);
+}
+
+bool frmEnvio::event(QEvent* e)
+{
+    if (e->type() == QEvent::WindowActivate)
+        arrancar();
+    return QDialog::event(e);
+}
+
+// A platform that never makes the window active (no window manager) must
+// not leave the person before a window that waits for ever.
+void frmEnvio::showEvent(QShowEvent* e)
+{
+    QDialog::showEvent(e);
+    QTimer::singleShot(100, this, [this] { arrancar(); });
+}
+
+void frmEnvio::arrancar()
+{
+    if (m_arrancado)
+        return;
+    m_arrancado = true;
+    // Out of the activation handler, so that the window is drawn before
+    // the first frame goes; the wait for each reply keeps it drawn.
+    QTimer::singleShot(0, this, [this] { ejecutar(); });
+}
+
+void frmEnvio::ejecutar()
+{
+    m_envio->ejecutar();
+    m_estado = m_envio->estadoEnvio();
+    m_terminado = true;
+    m_envio.reset(); // the port is closed on unload
+    accept();
+}
+
+void frmEnvio::closeEvent(QCloseEvent* e)
+{
+    if (m_terminado)
+        e->accept();
+    else
+        e->ignore();
+}
+
+// Escape cancels nothing: a transfer can't be cut short.
+void frmEnvio::reject()
+{
+    if (m_terminado)
+        QDialog::reject();
+}
