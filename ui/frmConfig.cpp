@@ -88,6 +88,9 @@ QLineEdit* frmConfig::titulo(const QString& objeto, const QString& texto, QCombo
     auto* t = new QLineEdit(texto, this);
     t->setObjectName(objeto);
     t->setReadOnly(true);
+    // A title, not a box to type in: no frame, the dialog's own ground.
+    t->setFrame(false);
+    t->setStyleSheet(QStringLiteral("QLineEdit { background: transparent; }"));
     t->setFocusProxy(lista);
     return t;
 }
