@@ -2,6 +2,11 @@
 
 #include "Arranque.h"
 #include "Catalogo.h"
+#include "CatalogoCampos.h"
+#include "CodePage.h"
+#include "Cuadro.h"
+#include "Dialogos.h"
+#include "Iconos.h"
 #include "ModBase.h"
 #include "frmCargaTXL.h"
 #include "frmVistaPrevia.h"
@@ -9,73 +14,104 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QCloseEvent>
-#include <QLabel>
+#include <QCursor>
+#include <QLineEdit>
 #include <QMenuBar>
-#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStatusBar>
+#include <QToolBar>
+
+using Escala::px;
 
 namespace {
 
-// The design surface as it stands until the editor draws on it: the label's
-// 57 units across and its width down, with the margin bands.
-class SuperficieProvisional : public QWidget {
-public:
-    SuperficieProvisional(const ModBase& mb, const Picture& fondo, QWidget* parent)
-        : QWidget(parent), m_mb(mb), m_fondo(fondo)
-    {
-        setMinimumSize(640, 520);
-        setObjectName(QStringLiteral("Cuadro"));
-    }
+// The window's layout in window millimetres, as it was drawn; the tool bar
+// stands above the drawing area, so everything moves up by its height.
+constexpr double kToolbarMm = 8.0;
+constexpr double kPaletaLeftMm = 240 / Escala::kTwipsPorMm;
+constexpr double kPaletaAnchoMm = 2535 / Escala::kTwipsPorMm;
+constexpr double kPaletaAltoMm = 307 / Escala::kTwipsPorMm;
+constexpr double kCuadroLeftMm = 3600 / Escala::kTwipsPorMm;
+constexpr double kCuadroTopMm = 1560 / Escala::kTwipsPorMm - kToolbarMm;
+constexpr double kReglaMm = 4.5;
 
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter p(this);
-        p.fillRect(rect(), palette().window());
-        const qreal alto = m_mb.AnchoEtiqueta.toInt() > 0 ? m_mb.AnchoEtiqueta.toInt() : 45;
-        const qreal escala = std::min((width() - 40) / 57.2, (height() - 40) / (alto + 0.3));
-        p.translate(20, 20);
-        p.scale(escala, escala);
-        p.fillRect(QRectF(0, 0, 57.2, alto + 0.3), Qt::white);
-        if (!m_fondo.isNull() && !m_mb.RutaFondo.isEmpty()) {
-            // The picture stands at its own size from the surface's top left.
-            p.save();
-            p.setClipRect(QRectF(0, 0, 57.2, alto + 0.3));
-            m_fondo.drawAtOwnSize(p, QPointF(0, 0), 1.0);
-            p.restore();
-        }
-        if (m_mb.Sombreado == 1) {
-            p.fillRect(QRectF(0, 0, 3, alto + 0.3), QColor(255, 192, 192));
-            p.fillRect(QRectF(53.1, 0, 4.1, alto + 0.3), QColor(255, 192, 192));
-        }
-    }
+QRect rectMm(double left, double top, double width, double height)
+{
+    return QRect(px(left), px(top), px(width), px(height));
+}
 
-private:
-    const ModBase& m_mb;
-    const Picture& m_fondo;
+// The tool bar: 25 places, the buttons at these, separators between.
+struct BotonToolbar {
+    int indice;
+    const char* clave;
+    int textId; // 0: the tip is the label's size, written on the button
+};
+constexpr BotonToolbar kBotones[] = {
+    {1, "Nueva", 1312},       {3, "Abrir", 1311},         {4, "Guardar", 1313},
+    {6, "Enviar", 43},        {8, "Salir", 7},            {12, "AjusteIzda", 1334},
+    {13, "AjusteArriba", 1335}, {16, "JustIzda", 1331},   {17, "JustCentr", 1332},
+    {18, "JustDcha", 1333},   {21, "Eti45", 0},           {22, "Eti60", 0},
+    {25, "Convertir", 1340},
 };
 
 } // namespace
 
+void CasillaModelo::mousePressEvent(QMouseEvent* e)
+{
+    if (e->button() == Qt::LeftButton && alPulsar)
+        alPulsar();
+    e->accept();
+}
+
+void CasillaModelo::mouseReleaseEvent(QMouseEvent* e) { e->accept(); }
+
+void CasillaModelo::mouseMoveEvent(QMouseEvent* e) { e->accept(); }
+
+void CasillaModelo::keyPressEvent(QKeyEvent* e)
+{
+    // The space bar is the same press as the mouse's.
+    if (e->key() == Qt::Key_Space && !e->isAutoRepeat()) {
+        if (alPulsar)
+            alPulsar();
+        e->accept();
+        return;
+    }
+    QWidget::keyPressEvent(e);
+}
+
+void EtiquetaTextoFijo::mousePressEvent(QMouseEvent* e)
+{
+    if (alPulsar)
+        alPulsar(e->button());
+    e->accept();
+}
+
 frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
-    : QMainWindow(parent), m_mb(mb), m_ui(ui), m_files(mb, ui, *this)
+    : QMainWindow(parent), m_mb(mb), m_ui(ui), m_files(mb, ui, *this),
+      m_editor(mb, ui, m_files, *this, *this)
 {
     setObjectName(QStringLiteral("frmBase"));
-    const int minimo = cargaBase(m_mb, m_ui, [this](const QString& ruta) { return tryLoadPicture(ruta, m_fondo); });
+    // The background is loaded once, with the surface below, which also
+    // reports a picture it cannot read.
+    const int minimo = cargaBase(m_mb, m_ui, [](const QString&) { return true; });
+    m_editor.superficie.Imagen(0).visible = false;
+    m_editor.PaintFormLoad();
+    construirMenus();
+    construirEmergentes();
+    if (QAction* idioma = menuIdioma(m_mb.Idioma))
+        idioma->setChecked(true);
+    construirToolbar();
+    construirLienzo();
+    m_editor.cargarSuperficie();
+    if (!m_mb.NombreEtiqueta.isEmpty())
+        m_files.cambioNombre(decodeFor(m_mb.Idioma, m_mb.NombreEtiqueta));
+    m_mb.Modificado = false;
     m_files.IniciaLineas();
     m_files.controles.VSEtiqMin = minimo;
     m_files.controles.VSEtiq = std::max(minimo, m_mb.NumEtiqueta.toInt());
     m_files.controles.TxtNumEtiq = QString::number(m_files.controles.VSEtiq);
-    construirMenus();
-    setCentralWidget(new SuperficieProvisional(m_mb, m_fondo, this));
-    m_panelTipo = new QLabel(this);
-    m_panelTipo->setObjectName(QStringLiteral("StatusBar1Panel1"));
-    statusBar()->addWidget(m_panelTipo);
-    m_panelNombre = new QLabel(this);
-    m_panelNombre->setObjectName(QStringLiteral("lblNombre"));
-    statusBar()->addWidget(m_panelNombre, 1);
-    if (QAction* idioma = menuIdioma(m_mb.Idioma))
-        idioma->setChecked(true);
     refresh();
 }
 
@@ -90,6 +126,12 @@ QAction* frmBase::entrada(QMenu* menu, const char* nombre, int textId, bool punt
     return a;
 }
 
+void frmBase::orden(const std::function<void()>& f)
+{
+    f();
+    refresh();
+}
+
 void frmBase::construirMenus()
 {
     QMenuBar* bar = menuBar();
@@ -100,15 +142,13 @@ void frmBase::construirMenus()
         return m;
     };
 
-    // The file and label commands are wired by the windows that hold them;
-    // the entries stand here, in their order, from the start.
     QMenu* archivo = menu("mnuArchivo", 1292);
     QAction* cargar = entrada(archivo, "mnuArchivoCargar", 1296, true, QKeySequence(Qt::CTRL | Qt::Key_O));
-    connect(cargar, &QAction::triggered, this, [this] { m_files.Abrir_Eti(); });
+    connect(cargar, &QAction::triggered, this, [this] { orden([this] { m_files.Abrir_Eti(); }); });
     QAction* guardar = entrada(archivo, "mnuArchivoGuardar", 1297, false, QKeySequence(Qt::CTRL | Qt::Key_S));
-    connect(guardar, &QAction::triggered, this, [this] { m_files.Guardar(); });
+    connect(guardar, &QAction::triggered, this, [this] { orden([this] { m_files.Guardar(); }); });
     QAction* guardarComo = entrada(archivo, "mnuArchivoGuardarComo", 1298, true);
-    connect(guardarComo, &QAction::triggered, this, [this] { m_files.GuardaEtiComo(); });
+    connect(guardarComo, &QAction::triggered, this, [this] { orden([this] { m_files.GuardaEtiComo(); }); });
     archivo->addSeparator();
     QAction* salir = entrada(archivo, "mnuArchivoSalir", 1299, false);
     connect(salir, &QAction::triggered, this, &QWidget::close);
@@ -116,10 +156,13 @@ void frmBase::construirMenus()
     QMenu* etiqueta = menu("mnuEtiqueta", 1293);
     QAction* nueva = entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
     connect(nueva, &QAction::triggered, this, [this] {
+        // Unlike the tool bar's button, the menu entry runs the common tail.
         m_files.NuevoConjunto();
         m_files.Actualiza();
     });
-    entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
+    QAction* enviar = entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
+    connect(enviar, &QAction::triggered, this,
+            [this] { orden([this] { mostrarFrmConfig(m_mb, m_ui, this); }); });
     etiqueta->addSeparator();
     QAction* vista = entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
     connect(vista, &QAction::triggered, this, [this] {
@@ -127,13 +170,21 @@ void frmBase::construirMenus()
         preview.exec();
     });
     etiqueta->addSeparator();
-    entrada(etiqueta, "mnuEtiquetaPeso", 1300, false);
+    m_mnuEtiquetaPeso = entrada(etiqueta, "mnuEtiquetaPeso", 1300, false);
+    m_mnuEtiquetaPeso->setCheckable(true);
+    connect(m_mnuEtiquetaPeso, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.clicMnuEtiquetaPeso(); }); });
 
     QMenu* fondo = menu("mnuFondo", 1294);
-    entrada(fondo, "mnuFondoAgregar", 1303, true);
-    entrada(fondo, "mnuFondoEliminar", 1304, false);
+    QAction* agregar = entrada(fondo, "mnuFondoAgregar", 1303, true);
+    connect(agregar, &QAction::triggered, this, [this] { orden([this] { m_editor.fondo.mnuFondoAgregar(); }); });
+    QAction* eliminar = entrada(fondo, "mnuFondoEliminar", 1304, false);
+    connect(eliminar, &QAction::triggered, this, [this] { orden([this] { m_editor.fondo.mnuFondoEliminar(); }); });
     fondo->addSeparator();
-    entrada(fondo, "mnuFondoParrilla", 1326, false);
+    m_mnuFondoParrilla = entrada(fondo, "mnuFondoParrilla", 1326, false);
+    m_mnuFondoParrilla->setCheckable(true);
+    connect(m_mnuFondoParrilla, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.fondo.mnuFondoParrilla(); }); });
 
     QMenu* idiomas = menu("mnuId", 1295);
     m_idiomas = new QActionGroup(this);
@@ -157,6 +208,254 @@ void frmBase::construirMenus()
     });
 }
 
+void frmBase::construirEmergentes()
+{
+    // The pop-ups of the surface: on no menu bar, opened by the editor.
+    m_mnuVisualiza = new QMenu(this);
+    m_mnuVisualiza->setObjectName(QStringLiteral("mnuVisualiza"));
+    m_mnuDESC = m_mnuVisualiza->addMenu(QString());
+    m_mnuDESC->setObjectName(QStringLiteral("mnuDESC"));
+    m_menus.append({m_mnuDESC, 81});
+    for (int i = 0; i <= 9; ++i) {
+        QAction* a = m_mnuDESC->addAction(QString());
+        a->setObjectName(QStringLiteral("mnuDES%1").arg(i));
+        a->setCheckable(true);
+        connect(a, &QAction::triggered, this, [this, i] { orden([this, i] { m_editor.clicMnuDES(i); }); });
+        m_mnuDES[i] = a;
+    }
+    for (int k = 0; k <= 13; ++k) {
+        QAction* a = m_mnuVisualiza->addAction(QString());
+        a->setObjectName(QStringLiteral("mnuVisual%1").arg(k));
+        a->setCheckable(k != 13);
+        m_entradas.append({a, entradaVisual(k).textId, false});
+        connect(a, &QAction::triggered, this, [this, k] { orden([this, k] { m_editor.clicMnuVisual(k); }); });
+        m_mnuVisual[k] = a;
+    }
+
+    m_mnuDerecho = new QMenu(this);
+    m_mnuDerecho->setObjectName(QStringLiteral("mnuDerecho"));
+    const int tamanos[5] = {1225, 1318, 1319, 1320, 38};
+    for (int k = 0; k <= 4; ++k) {
+        QAction* a = m_mnuDerecho->addAction(QString());
+        a->setObjectName(QStringLiteral("mnuDer%1").arg(k));
+        a->setCheckable(k != 4);
+        m_entradas.append({a, tamanos[k], false});
+        connect(a, &QAction::triggered, this, [this, k] { orden([this, k] { m_editor.clicMnuDer(k); }); });
+        m_mnuDer[k] = a;
+    }
+
+    m_mnuDerecho2 = new QMenu(this);
+    m_mnuDerecho2->setObjectName(QStringLiteral("mnuDerecho2"));
+    QAction* editar = m_mnuDerecho2->addAction(QString());
+    editar->setObjectName(QStringLiteral("mnuDerTXFEdit"));
+    m_entradas.append({editar, 36, false});
+    connect(editar, &QAction::triggered, this, [this] { orden([this] { m_editor.clicMnuDerTXFEdit(); }); });
+    m_mnuDerTXFborrar = m_mnuDerecho2->addAction(QString());
+    m_mnuDerTXFborrar->setObjectName(QStringLiteral("mnuDerTXFborrar"));
+    m_entradas.append({m_mnuDerTXFborrar, 38, false});
+    connect(m_mnuDerTXFborrar, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.clicMnuDerTXFborrar(); }); });
+
+    m_mnuOcultar = new QMenu(this);
+    m_mnuOcultar->setObjectName(QStringLiteral("mnuOcultar"));
+    m_mnuBandas = m_mnuOcultar->addAction(QString());
+    m_mnuBandas->setObjectName(QStringLiteral("mnuBandas"));
+    connect(m_mnuBandas, &QAction::triggered, this, [this] { orden([this] { m_editor.clicMnuBandas(); }); });
+}
+
+void frmBase::construirToolbar()
+{
+    m_toolbar = addToolBar(QString());
+    m_toolbar->setObjectName(QStringLiteral("Toolbar1"));
+    m_toolbar->setMovable(false);
+    m_toolbar->setIconSize(QSize(24, 24));
+    const std::pair<const char*, std::function<void()>> ordenes[] = {
+        // The button does not run Actualiza: the new label's dialog does what is needed.
+        {"Nueva", [this] { m_files.NuevoConjunto(); }},
+        {"Abrir", [this] { m_files.Abrir_Eti(); }},
+        {"Guardar", [this] { m_files.Guardar(); }},
+        {"Enviar", [this] { mostrarFrmConfig(m_mb, m_ui, this); }},
+        {"Salir", [this] { close(); }},
+        {"AjusteIzda", [this] { m_editor.AjustarIzda(); }},
+        {"AjusteArriba", [this] { m_editor.AjustarArriba(); }},
+        {"JustIzda", [this] { m_editor.Alinear(0); }},
+        {"JustCentr", [this] { m_editor.Alinear(1); }},
+        {"JustDcha", [this] { m_editor.Alinear(2); }},
+        {"Eti45", [this] { m_editor.botonEti45(); }},
+        {"Eti60", [this] { m_editor.botonEti60(); }},
+        {"Convertir", [this] { m_files.Convertir(); }},
+    };
+    int anterior = 0;
+    for (const BotonToolbar& b : kBotones) {
+        if (b.indice > anterior + 1)
+            m_toolbar->addSeparator();
+        anterior = b.indice;
+        const QString clave = QString::fromLatin1(b.clave);
+        QAction* a = m_toolbar->addAction(iconoToolbar(clave), QString());
+        a->setObjectName(clave);
+        if (b.textId != 0)
+            m_tips.append({a, b.textId});
+        else
+            a->setToolTip(clave.mid(3) + QStringLiteral("x57"));
+        if (clave == QLatin1String("Convertir"))
+            m_convertir = a;
+        for (const auto& [nombre, f] : ordenes) {
+            if (clave == QLatin1String(nombre)) {
+                if (clave == QLatin1String("Salir"))
+                    connect(a, &QAction::triggered, this, &QWidget::close);
+                else
+                    connect(a, &QAction::triggered, this, [this, g = f] { orden(g); });
+            }
+        }
+    }
+}
+
+void frmBase::construirLienzo()
+{
+    m_lienzo = new QWidget(this);
+    m_lienzo->setObjectName(QStringLiteral("lienzo"));
+    setCentralWidget(m_lienzo);
+
+    const double x = kPaletaLeftMm;
+    m_TxtNombre = new QLabel(m_lienzo);
+    m_TxtNombre->setObjectName(QStringLiteral("TxtNombre"));
+    m_TxtNombre->setGeometry(rectMm(x, 0.5, kPaletaAnchoMm, 4.5));
+    m_TxtNomEtiq = new QLineEdit(m_lienzo);
+    m_TxtNomEtiq->setObjectName(QStringLiteral("TxtNomEtiq"));
+    m_TxtNomEtiq->setMaxLength(7);
+    m_TxtNomEtiq->setGeometry(rectMm(x, 5, 30, 6));
+    connect(m_TxtNomEtiq, &QLineEdit::textEdited, this, [this](const QString& t) {
+        m_files.cambioNombre(t);
+        m_lblNombre->setText(m_files.controles.lblNombre);
+    });
+
+    m_TxtEtiq = new QLabel(m_lienzo);
+    m_TxtEtiq->setObjectName(QStringLiteral("TxtEtiq"));
+    m_TxtEtiq->setGeometry(rectMm(x, 12, kPaletaAnchoMm, 4.5));
+    m_TxtNumEtiq = new QLineEdit(m_lienzo);
+    m_TxtNumEtiq->setObjectName(QStringLiteral("TxtNumEtiq"));
+    m_TxtNumEtiq->setReadOnly(true);
+    m_TxtNumEtiq->setAlignment(Qt::AlignCenter);
+    m_TxtNumEtiq->setGeometry(rectMm(x, 16.5, 10, 6));
+    m_VSEtiq = new QScrollBar(Qt::Vertical, m_lienzo);
+    m_VSEtiq->setObjectName(QStringLiteral("VSEtiq"));
+    m_VSEtiq->setGeometry(rectMm(x + 10.5, 15.5, 4, 8));
+    m_VSEtiq->setMaximum(5);
+    // A thumb dragged along changes the label once, where it is let go.
+    m_VSEtiq->setTracking(false);
+    connect(m_VSEtiq, &QScrollBar::valueChanged, this,
+            [this](int v) { orden([this, v] { m_files.cambioEtiqueta(v); }); });
+
+    const auto tamano = [&](const char* caption, const char* valor, const char* barra, double y,
+                            QLabel*& lbl, QLineEdit*& txt, QScrollBar*& vs) {
+        lbl = new QLabel(m_lienzo);
+        lbl->setObjectName(QString::fromLatin1(caption));
+        lbl->setGeometry(rectMm(x, y, 20, 6));
+        txt = new QLineEdit(m_lienzo);
+        txt->setObjectName(QString::fromLatin1(valor));
+        txt->setReadOnly(true);
+        txt->setAlignment(Qt::AlignCenter);
+        txt->setGeometry(rectMm(x + 21, y, 10, 6));
+        vs = new QScrollBar(Qt::Vertical, m_lienzo);
+        vs->setObjectName(QString::fromLatin1(barra));
+        vs->setGeometry(rectMm(x + 31.5, y - 1, 4, 8));
+        vs->setPageStep(20);
+        vs->setTracking(false);
+    };
+    tamano("TxtHor", "TxtValorHor", "VSHor", 25, m_TxtHor, m_TxtValorHor, m_VSHor);
+    m_VSHor->setRange(25, 57);
+    m_VSHor->setValue(m_editor.superficie.VSHor);
+    tamano("TxtVer", "TxtValorVer", "VSVer", 32, m_TxtVer, m_TxtValorVer, m_VSVer);
+    m_VSVer->setRange(1, 99);
+    m_VSVer->setValue(m_files.controles.VSVer);
+    connect(m_VSVer, &QScrollBar::valueChanged, this,
+            [this](int v) { orden([this, v] { m_editor.cambioVSVer(v); }); });
+
+    m_ChkCompatibilidad = new CasillaModelo(QStringLiteral("Sirel V: 1X-Y??"), m_lienzo);
+    m_ChkCompatibilidad->setObjectName(QStringLiteral("ChkCompatibilidad"));
+    m_ChkCompatibilidad->setGeometry(rectMm(x, 38.5, kPaletaAnchoMm, 5.5));
+    m_ChkCompatibilidad->alPulsar = [this] { pulsarModelo(); };
+
+    for (int i = 0; i <= 15; ++i) {
+        QPushButton* b = new QPushButton(m_lienzo);
+        b->setObjectName(QStringLiteral("CBDisplay%1").arg(i));
+        b->setFocusPolicy(Qt::NoFocus);
+        connect(b, &QPushButton::clicked, this, [this, i] { orden([this, i] { m_editor.pulsarCBDisplay(i); }); });
+        m_CBDisplay[i] = b;
+    }
+
+    m_lblNombre = new QLabel(m_lienzo);
+    m_lblNombre->setObjectName(QStringLiteral("lblNombre"));
+    QFont negrita = m_lblNombre->font();
+    negrita.setBold(true);
+    negrita.setPointSizeF(negrita.pointSizeF() * 1.2);
+    m_lblNombre->setFont(negrita);
+    m_lblNombre->setGeometry(rectMm(kCuadroLeftMm, 3, 114, 7));
+
+    m_reglaHor = new Regla(Qt::Horizontal, m_lienzo);
+    m_reglaVer = new Regla(Qt::Vertical, m_lienzo);
+    m_cuadro = new Cuadro(m_editor, m_fondo, m_lienzo);
+    m_cuadro->move(px(kCuadroLeftMm), px(kCuadroTopMm));
+    m_cuadro->sobreCajaTexto = [this](const QPoint& g) { return sobreCajaTexto(g); };
+    m_cuadro->trasRaton = [this] { mostrarEstado(); };
+
+    for (int i = 0; i < 2; ++i) {
+        EtiquetaTextoFijo* l = new EtiquetaTextoFijo(m_lienzo);
+        l->setObjectName(QStringLiteral("lblTXF%1").arg(i + 1));
+        l->setFrameShape(QFrame::Panel);
+        l->setFrameShadow(QFrame::Sunken);
+        l->setAutoFillBackground(true);
+        l->alPulsar = [this, i](Qt::MouseButton b) {
+            m_editor.pulsarTXF(i + 1, b == Qt::RightButton ? BotonRaton::Derecho
+                                       : b == Qt::LeftButton ? BotonRaton::Izquierdo
+                                                             : BotonRaton::Otro);
+        };
+        m_lblTXF[i] = l;
+    }
+
+    m_panelTipo = new QLabel(this);
+    m_panelTipo->setObjectName(QStringLiteral("StatusBar1Panel1"));
+    m_panelX = new QLabel(this);
+    m_panelX->setObjectName(QStringLiteral("StatusBar1Panel2"));
+    m_panelY = new QLabel(this);
+    m_panelY->setObjectName(QStringLiteral("StatusBar1Panel3"));
+    for (QLabel* l : {m_panelTipo, m_panelX, m_panelY})
+        l->setMinimumWidth(px(25));
+    statusBar()->addWidget(m_panelTipo);
+    statusBar()->addWidget(m_panelX);
+    statusBar()->addWidget(m_panelY, 1);
+    situarLienzo();
+}
+
+void frmBase::situarLienzo()
+{
+    const Superficie& s = m_editor.superficie;
+    m_cuadro->ajustarTamano();
+    m_reglaHor->setGeometry(rectMm(kCuadroLeftMm, kCuadroTopMm - kReglaMm, s.anchoExterior, kReglaMm));
+    m_reglaVer->setGeometry(
+        rectMm(kCuadroLeftMm - kReglaMm - 0.5, kCuadroTopMm, kReglaMm, s.largoRegla));
+    const double bajo = kCuadroTopMm + s.altoExterior + 3;
+    for (int i = 0; i < 2; ++i)
+        m_lblTXF[i]->setGeometry(rectMm(kCuadroLeftMm, bajo + i * 7, s.anchoExterior, 6));
+    double fin = bajo + 14;
+    for (int i = 0; i <= 15; ++i) {
+        const BotonCBDisplay& b = m_editor.CBDisplay(i);
+        m_CBDisplay[i]->setGeometry(rectMm(kPaletaLeftMm, b.top - kToolbarMm, kPaletaAnchoMm, kPaletaAltoMm));
+        fin = std::max(fin, b.top - kToolbarMm + kPaletaAltoMm + 3);
+    }
+    m_lienzo->setMinimumSize(px(kCuadroLeftMm + s.anchoExterior + 6), px(fin));
+}
+
+bool frmBase::sobreCajaTexto(const QPoint& global) const
+{
+    // The boxes where a dragged field may be let go to no effect.
+    for (const QWidget* w : std::initializer_list<const QWidget*>{
+             m_TxtEtiq, m_TxtHor, m_TxtNombre, m_TxtNumEtiq, m_TxtValorHor, m_TxtValorVer, m_TxtVer})
+        if (w->rect().contains(w->mapFromGlobal(global)))
+            return true;
+    return false;
+}
+
 QAction* frmBase::menuIdioma(int idioma) const
 {
     for (QAction* a : m_idiomas->actions())
@@ -168,25 +467,158 @@ QAction* frmBase::menuIdioma(int idioma) const
 void frmBase::refresh()
 {
     const TextTable& T = m_mb.Textos;
+    const bool total = m_mb.TipoEtiqueta == "T";
     setWindowTitle(QStringLiteral("Korvo v") + versionPrograma());
+    m_TxtNombre->setText(T(552));
+    m_TxtHor->setText(T(1305));
+    m_TxtVer->setText(T(1306));
+    m_TxtEtiq->setText(total ? T(1310) : T(1317));
+
+    // Palette and box captions, the boxes from their records, guide lines,
+    // bands and fixed texts.
+    m_editor.repintar();
+
     for (const auto& [menu, id] : m_menus)
         menu->setTitle(T(id));
     for (const Entrada& e : m_entradas)
         e.accion->setText(T(e.textId) + (e.puntos ? QStringLiteral("...") : QString()));
-    m_panelTipo->setText(m_mb.TipoEtiqueta == "T" ? T(1310) : T(1317));
+    for (int i = 0; i <= 9; ++i)
+        m_mnuDES[i]->setText(QString::number(i + 1) + QLatin1Char(' ') + T(70));
+    m_mnuBandas->setText(T(m_editor.mnuBandasTextId));
+    for (const auto& [accion, id] : m_tips)
+        accion->setToolTip(T(id));
+    m_convertir->setToolTip(total ? T(1341) : T(1340));
+    m_mnuEtiquetaPeso->setChecked(m_editor.mnuEtiquetaPesoChecked);
+    m_mnuFondoParrilla->setChecked(m_editor.fondo.parrilla);
+
+    m_panelTipo->setText(total ? T(1310) : T(1317));
     // The label line is left as it is while the label has no name.
     if (!m_files.controles.TxtNomEtiq.isEmpty())
         m_files.controles.lblNombre = m_files.textoLblNombre(m_files.controles.TxtNomEtiq);
-    m_panelNombre->setText(m_files.controles.lblNombre);
+    m_lblNombre->setText(m_files.controles.lblNombre);
+
+    for (int i = 0; i <= 15; ++i) {
+        const BotonCBDisplay& b = m_editor.CBDisplay(i);
+        m_CBDisplay[i]->setText(b.caption);
+        m_CBDisplay[i]->setVisible(b.visible);
+    }
+    for (int i = 0; i < 2; ++i) {
+        const ::EtiquetaTXF& l = m_editor.superficie.lblTXF(i + 1);
+        m_lblTXF[i]->setText(l.caption);
+        m_lblTXF[i]->setAlignment((l.centrado ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter);
+        m_lblTXF[i]->setEnabled(l.enabled);
+    }
+
+    // The controls show what the commands left; setting them here is no
+    // change of the person's, so nothing fires.
+    {
+        const ControlesBase& c = m_files.controles;
+        if (m_TxtNomEtiq->text() != c.TxtNomEtiq)
+            m_TxtNomEtiq->setText(c.TxtNomEtiq);
+        const QSignalBlocker b1(m_VSEtiq);
+        m_VSEtiq->setRange(c.VSEtiqMin, 5);
+        m_VSEtiq->setValue(c.VSEtiq);
+        m_TxtNumEtiq->setText(c.TxtNumEtiq);
+        const QSignalBlocker b2(m_VSVer);
+        m_VSVer->setValue(c.VSVer);
+        m_TxtValorVer->setText(m_editor.superficie.TxtValorVer);
+        m_TxtValorHor->setText(m_editor.superficie.TxtValorHor);
+    }
+    m_ChkCompatibilidad->setChecked(m_mb.ModeloNuevo != 0);
+    situarLienzo();
+    mostrarEstado();
     update();
-    if (centralWidget())
-        centralWidget()->update();
+    m_cuadro->update();
+    m_reglaVer->update();
+}
+
+void frmBase::mostrarEstado()
+{
+    const Superficie& s = m_editor.superficie;
+    m_panelX->setText(s.panelX.isEmpty() ? QStringLiteral("X: ") : s.panelX);
+    m_panelY->setText(s.panelY.isEmpty() ? QStringLiteral("Y: ") : s.panelY);
+}
+
+void frmBase::pulsarModelo()
+{
+    if (m_files.pulsarCompatibilidad()) {
+        // The switch's surface part: the palette laid out for the model,
+        // and the lot and free texts 6 to 15, reset by the switch to the
+        // old model, taken off the surface.
+        m_editor.PaintFormLoad();
+        for (int n = 26; n <= 36; ++n)
+            m_editor.MostrarCampo(n);
+    }
+    refresh();
 }
 
 void frmBase::mostrarCargaTXL()
 {
     frmCargaTXL dialog(m_mb, isVisible() ? this : nullptr);
     dialog.exec();
+}
+
+void frmBase::repintarCuadro()
+{
+    m_cuadro->update();
+    mostrarEstado();
+}
+
+void frmBase::repintarVentana() { refresh(); }
+
+void frmBase::mostrarTXL() { mostrarFrmTXL(m_mb, this); }
+
+void frmBase::mostrarDES() { mostrarFrmDES(m_mb, this); }
+
+void frmBase::mostrarBorrar() { mostrarFrmBorrar(m_mb, this); }
+
+void frmBase::mostrarTXF(int numero) { mostrarFrmTXF(m_mb, numero, this); }
+
+void frmBase::abrirMenu(MenuEmergente menu)
+{
+    // The editor has prepared the entries; the menu shows them at the pointer.
+    const auto aplicar = [](QAction* a, const EntradaMenu& e) {
+        a->setVisible(e.visible);
+        a->setEnabled(e.enabled);
+        if (a->isCheckable())
+            a->setChecked(e.checked);
+    };
+    QMenu* m = nullptr;
+    switch (menu) {
+    case MenuEmergente::Visualiza:
+        for (int i = 0; i <= 9; ++i)
+            aplicar(m_mnuDES[i], m_editor.mnuDES(i));
+        for (int k = 0; k <= 13; ++k)
+            aplicar(m_mnuVisual[k], m_editor.mnuVisual(k));
+        m = m_mnuVisualiza;
+        break;
+    case MenuEmergente::Ocultar:
+        m_mnuBandas->setText(m_mb.Textos(m_editor.mnuBandasTextId));
+        m = m_mnuOcultar;
+        break;
+    case MenuEmergente::Derecho:
+        for (int k = 0; k <= 4; ++k)
+            aplicar(m_mnuDer[k], m_editor.mnuDer(k));
+        m = m_mnuDerecho;
+        break;
+    case MenuEmergente::Derecho2:
+        aplicar(m_mnuDerTXFborrar, m_editor.mnuDerTXFborrar);
+        m = m_mnuDerecho2;
+        break;
+    }
+    m->popup(QCursor::pos());
+}
+
+bool frmBase::cargar(const QString& ruta)
+{
+    if (ruta.isEmpty()) {
+        m_fondo = Picture();
+    } else if (!tryLoadPicture(ruta, m_fondo)) {
+        return false;
+    }
+    if (m_cuadro)
+        m_cuadro->update();
+    return true;
 }
 
 void frmBase::closeEvent(QCloseEvent* event)

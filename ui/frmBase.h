@@ -1,31 +1,84 @@
 #pragma once
 
+#include "EditorEtiqueta.h"
 #include "FileCommands.h"
 #include "UserInteraction.h"
 
 #include "Picture.h"
 
+#include <QCheckBox>
+#include <QLabel>
 #include <QMainWindow>
 #include <functional>
 
 struct ModBase;
+class Cuadro;
 class QAction;
 class QActionGroup;
-class QLabel;
+class QLineEdit;
 class QMenu;
+class QPushButton;
+class QScrollBar;
+class QToolBar;
+class Regla;
+
+// The model check box: one press, one switch. The press asks and switches
+// through the file commands, which then set the box from ModeloNuevo; the
+// platform's own toggle on release would flip it a second time, so the box
+// never toggles itself.
+class CasillaModelo : public QCheckBox {
+    Q_OBJECT
+public:
+    using QCheckBox::QCheckBox;
+    std::function<void()> alPulsar;
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+    void mouseMoveEvent(QMouseEvent* e) override;
+    void keyPressEvent(QKeyEvent* e) override;
+};
+
+// A fixed text label under the surface; a right press opens its menu.
+class EtiquetaTextoFijo : public QLabel {
+    Q_OBJECT
+public:
+    using QLabel::QLabel;
+    std::function<void(Qt::MouseButton)> alPulsar;
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override;
+};
 
 // The main window. It holds no caption of its own: every text is rewritten
 // from the catalogue each time it is repainted, so a new language needs only
-// a new load of the catalogue and a repaint.
-class frmBase : public QMainWindow, public BaseView {
+// a new load of the catalogue and a repaint. It holds no rule either: the
+// file commands and the editor decide, the window shows their model and
+// hands them the person's actions.
+class frmBase : public QMainWindow, public BaseView, public EditorView, public CargadorFondo {
     Q_OBJECT
 public:
     frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent = nullptr);
 
+    // The repaint routine: captions, the editor's surface, then every
+    // widget from the model. It asks nothing and changes no label data.
     void refresh() override;
     void mostrarCargaTXL() override;
 
+    void repintarCuadro() override;
+    void repintarVentana() override;
+    void mostrarTXL() override;
+    void mostrarDES() override;
+    void mostrarBorrar() override;
+    void mostrarTXF(int numero) override;
+    void abrirMenu(MenuEmergente menu) override;
+
+    bool cargar(const QString& ruta) override;
+
     FileCommands& archivos() { return m_files; }
+    EditorEtiqueta& editor() { return m_editor; }
+    Cuadro* cuadro() const { return m_cuadro; }
+    const Picture& fondo() const { return m_fondo; }
     // Opens the about box (the splash without its timer).
     void setAcercaDe(std::function<void()> acerca) { m_acerca = std::move(acerca); }
 
@@ -45,17 +98,66 @@ private:
     };
 
     void construirMenus();
+    void construirEmergentes();
+    void construirToolbar();
+    void construirLienzo();
+    void situarLienzo();
+    void mostrarEstado();
+    void pulsarModelo();
+    // Runs a command, then shows what it left.
+    void orden(const std::function<void()>& f);
+    bool sobreCajaTexto(const QPoint& global) const;
     QAction* entrada(QMenu* menu, const char* nombre, int textId, bool puntos,
                      const QKeySequence& atajo = {});
 
     ModBase& m_mb;
     UserInteraction& m_ui;
+    Picture m_fondo;
     FileCommands m_files;
+    EditorEtiqueta m_editor;
     std::function<void()> m_acerca;
+
     QList<Entrada> m_entradas;
     QList<QPair<QMenu*, int>> m_menus;
     QActionGroup* m_idiomas = nullptr;
+    QAction* m_mnuEtiquetaPeso = nullptr;
+    QAction* m_mnuFondoParrilla = nullptr;
+
+    QMenu* m_mnuVisualiza = nullptr;
+    QMenu* m_mnuDESC = nullptr;
+    QAction* m_mnuDES[10] = {};
+    QAction* m_mnuVisual[14] = {};
+    QMenu* m_mnuDerecho = nullptr;
+    QAction* m_mnuDer[5] = {};
+    QMenu* m_mnuDerecho2 = nullptr;
+    QAction* m_mnuDerTXFborrar = nullptr;
+    QMenu* m_mnuOcultar = nullptr;
+    QAction* m_mnuBandas = nullptr;
+
+    QToolBar* m_toolbar = nullptr;
+    QList<QPair<QAction*, int>> m_tips; // tool bar buttons and their text ids
+    QAction* m_convertir = nullptr;
+
+    QWidget* m_lienzo = nullptr;
+    Cuadro* m_cuadro = nullptr;
+    Regla* m_reglaHor = nullptr;
+    Regla* m_reglaVer = nullptr;
+    QPushButton* m_CBDisplay[16] = {};
+    QLabel* m_TxtNombre = nullptr;
+    QLabel* m_TxtEtiq = nullptr;
+    QLabel* m_TxtHor = nullptr;
+    QLabel* m_TxtVer = nullptr;
+    QLineEdit* m_TxtNomEtiq = nullptr;
+    QScrollBar* m_VSEtiq = nullptr;
+    QLineEdit* m_TxtNumEtiq = nullptr;
+    QScrollBar* m_VSHor = nullptr;
+    QLineEdit* m_TxtValorHor = nullptr;
+    QScrollBar* m_VSVer = nullptr;
+    QLineEdit* m_TxtValorVer = nullptr;
+    CasillaModelo* m_ChkCompatibilidad = nullptr;
+    QLabel* m_lblNombre = nullptr;
+    EtiquetaTextoFijo* m_lblTXF[2] = {};
     QLabel* m_panelTipo = nullptr;
-    QLabel* m_panelNombre = nullptr;
-    Picture m_fondo;
+    QLabel* m_panelX = nullptr;
+    QLabel* m_panelY = nullptr;
 };

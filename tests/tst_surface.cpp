@@ -1,0 +1,394 @@
+// The main window as a person uses it: the mouse on the surface, the pop-up
+// menus, the tool bar, the model check box and a change of language, on the
+// offscreen platform.
+#include "Catalogo.h"
+#include "CatalogoCampos.h"
+#include "Cuadro.h"
+#include "ModBase.h"
+#include "ProgramDir.h"
+#include "ScriptedInteraction.h"
+#include "frmBase.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QToolBar>
+#include <QtTest>
+
+Q_DECLARE_METATYPE(QList<Answer>)
+
+namespace {
+
+// The point of the surface (in surface units) as the widget sees it.
+QPoint en(double hor, double ver) { return Cuadro::puntoDe(hor, ver).toPoint(); }
+
+Qt::CursorShape punteroArrastre()
+{
+    return QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape()
+                                             : Qt::BitmapCursor;
+}
+
+} // namespace
+
+class TestSurface : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<ProgramDir> m_dir;
+    std::unique_ptr<ModBase> m_mb;
+    ScriptedInteraction m_ui;
+    std::unique_ptr<frmBase> m_w;
+
+    void abrir(int modelo = 1, const char* tipo = "V")
+    {
+        m_dir.reset(new ProgramDir);
+        m_dir->copyBuiltCatalogue();
+        m_mb.reset(new ModBase);
+        m_dir->attach(*m_mb);
+        m_mb->Idioma = 1;
+        QCOMPARE(CargarTextos(*m_mb, 1), int16_t(0));
+        m_mb->ModeloNuevo = static_cast<int16_t>(modelo);
+        m_mb->TipoEtiqueta = tipo;
+        m_ui.log.clear();
+        m_ui.answers.clear();
+        m_w.reset(new frmBase(*m_mb, m_ui));
+        m_w->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_w.get()));
+    }
+
+    Cuadro* cuadro() const { return m_w->cuadro(); }
+    template <typename T> T* hijo(const QString& nombre) const
+    {
+        T* w = m_w->findChild<T*>(nombre);
+        if (!w)
+            qFatal("no %s", qPrintable(nombre));
+        return w;
+    }
+    // A field on the label at (hor, ver), its box laid out by a refresh.
+    void poner(int n, int hor, int ver)
+    {
+        Campo& c = m_mb->Campos(n);
+        c.Presente = "1";
+        c.PosHor = static_cast<int16_t>(hor);
+        c.PosVer = static_cast<int16_t>(ver);
+        m_w->refresh();
+    }
+    // Left press at `desde`, moves to `hasta`, and what the pointer showed
+    // just before the release.
+    Qt::CursorShape arrastrar(QPoint desde, QPoint hasta)
+    {
+        QTest::mousePress(cuadro(), Qt::LeftButton, {}, desde);
+        QTest::mouseMove(cuadro(), (desde + hasta) / 2);
+        QTest::mouseMove(cuadro(), hasta);
+        const Qt::CursorShape forma = punteroArrastre();
+        QTest::mouseRelease(cuadro(), Qt::LeftButton, {}, hasta);
+        return forma;
+    }
+
+private slots:
+    void cleanup()
+    {
+        m_w.reset();
+        while (QGuiApplication::overrideCursor())
+            QGuiApplication::restoreOverrideCursor();
+    }
+
+    // A field comes from the palette to the corner, in the band; dragged by
+    // the mouse it lands where the pointer leaves it, or stays where it was
+    // when the box would pass the limits, with the no-drop pointer shown.
+    void arrastre_data()
+    {
+        QTest::addColumn<int>("left"); // where the box's top left is taken
+        QTest::addColumn<int>("top");
+        QTest::addColumn<bool>("admitido");
+        QTest::newRow("middle") << 20 << 20 << true;
+        QTest::newRow("left band") << 2 << 20 << false;
+        QTest::newRow("first column") << 3 << 20 << true;
+        QTest::newRow("above the guide") << 20 << 7 << false;
+        QTest::newRow("on the guide") << 20 << 8 << true;
+        QTest::newRow("right edge at 53") << 42 << 20 << true;
+        QTest::newRow("right edge at 54") << 43 << 20 << false;
+        QTest::newRow("bottom at 45") << 20 << 42 << true;
+        QTest::newRow("bottom at 46") << 20 << 43 << false;
+    }
+
+    void arrastre()
+    {
+        QFETCH(int, left);
+        QFETCH(int, top);
+        QFETCH(bool, admitido);
+        abrir();
+        QTest::mouseClick(hijo<QPushButton>("CBDisplay2"), Qt::LeftButton); // Peso
+        const Campo& peso = m_mb->Campos(11);
+        QCOMPARE(peso.Presente, QByteArray("1"));
+        QCOMPARE(peso.PosHor, int16_t(0));
+        QVERIFY(cuadro()->cajaEn(en(1, 1)) == 11);
+        // Gripped one unit in on each axis.
+        const Qt::CursorShape forma = arrastrar(en(1, 1), en(left + 1, top + 1));
+        QCOMPARE(forma, admitido ? Qt::ArrowCursor : Qt::ForbiddenCursor);
+        QCOMPARE(peso.PosHor, int16_t(admitido ? left : 0));
+        QCOMPARE(peso.PosVer, int16_t(admitido ? top : 0));
+        QVERIFY(!QGuiApplication::overrideCursor());
+        // The box is drawn where the record says.
+        QCOMPARE(cuadro()->cajaEn(en(peso.PosHor + 0.5, peso.PosVer + 0.5)), 11);
+        // The drop's read-out is the box's place, taken or not.
+        QCOMPARE(hijo<QLabel>("StatusBar1Panel2")->text(), QStringLiteral("X: %1").arg(left));
+    }
+
+    // Double clicks build the selection; a drag of one of its fields moves
+    // them all, and a field let go on the window's text boxes stays.
+    void seleccionYGrupo()
+    {
+        abrir();
+        poner(11, 10, 10);
+        poner(12, 30, 20);
+        QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, en(11, 11));
+        QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, en(31, 21));
+        QVERIFY(m_mb->Campos(11).Seleccionado);
+        QVERIFY(m_mb->Campos(12).Seleccionado);
+        QVERIFY(m_w->editor().superficie.Imagen(12).rojo);
+        QCOMPARE(m_mb->Campos(11).PosHor, int16_t(10)); // a click moves nothing
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(20));
+
+        arrastrar(en(11, 11), en(16, 15));
+        const int dx = m_mb->Campos(11).PosHor - 10;
+        const int dy = m_mb->Campos(11).PosVer - 10;
+        QVERIFY(dx > 0 && dy > 0);
+        QCOMPARE(m_mb->Campos(12).PosHor - 30, dx);
+        QCOMPARE(m_mb->Campos(12).PosVer - 20, dy);
+
+        // A second double click takes a field out of the selection.
+        m_w->refresh();
+        const QPointF centro = cuadro()->rectCaja(12).center();
+        QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, centro.toPoint());
+        QVERIFY(!m_mb->Campos(12).Seleccionado);
+        QVERIFY(!m_w->editor().superficie.Imagen(12).rojo);
+
+        // Dragged out of the surface onto the vertical size box: nothing moves.
+        const QPoint caja = cuadro()->mapFromGlobal(
+            hijo<QLineEdit>("TxtValorVer")->mapToGlobal(QPoint(5, 5)));
+        const QPointF antes = cuadro()->rectCaja(12).center();
+        arrastrar(antes.toPoint(), caja);
+        QCOMPARE(cuadro()->rectCaja(12).center(), antes);
+    }
+
+    // The pop-ups are built from what the editor prepares: entries by label
+    // kind and model, the palette likewise, and each entry runs its own index.
+    void menusPorTipoYModelo_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<QString>("tipo");
+        QTest::newRow("new, packing") << 1 << "V";
+        QTest::newRow("new, total") << 1 << "T";
+        QTest::newRow("old, packing") << 0 << "V";
+        QTest::newRow("old, total") << 0 << "T";
+    }
+
+    void menusPorTipoYModelo()
+    {
+        QFETCH(int, modelo);
+        QFETCH(QString, tipo);
+        abrir(modelo, qPrintable(tipo));
+        const bool total = tipo == "T";
+        poner(3, 10, 30);
+        m_w->editor().PaintFormLoad();
+        m_w->refresh();
+
+        for (int i : {4, 5, 11})
+            QCOMPARE(hijo<QPushButton>(QStringLiteral("CBDisplay%1").arg(i))->isVisible(), total);
+        for (int i : {12, 13})
+            QCOMPARE(hijo<QPushButton>(QStringLiteral("CBDisplay%1").arg(i))->isVisible(), !total);
+        QCOMPARE(hijo<QPushButton>("CBDisplay14")->isVisible(), modelo == 1);
+
+        QTest::mousePress(cuadro(), Qt::RightButton, {}, en(20, 20));
+        QMenu* m = hijo<QMenu>("mnuVisualiza");
+        QTRY_VERIFY(m->isVisible());
+        for (int k : {2, 3, 9})
+            QCOMPARE(hijo<QAction>(QStringLiteral("mnuVisual%1").arg(k))->isEnabled(), total);
+        for (int k : {10, 11})
+            QCOMPARE(hijo<QAction>(QStringLiteral("mnuVisual%1").arg(k))->isEnabled(), !total);
+        QCOMPARE(hijo<QAction>("mnuVisual12")->isVisible(), modelo == 1);
+        QVERIFY(hijo<QAction>("mnuDES2")->isChecked());
+        QVERIFY(!hijo<QAction>("mnuDES3")->isChecked());
+        // Entry 1 is the tare: it lands at the point pressed.
+        hijo<QAction>("mnuVisual1")->trigger();
+        m->close();
+        QCOMPARE(m_mb->Campos(12).Presente, QByteArray("1"));
+        QCOMPARE(m_mb->Campos(12).PosHor, int16_t(20));
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(20));
+        QVERIFY(m_mb->Modificado);
+        QCOMPARE(cuadro()->cajaEn(en(20.5, 20.5)), 12);
+
+        // The size menu of a field: the bar code has one size only.
+        poner(16, 10, 15);
+        QTest::mousePress(cuadro(), Qt::RightButton, {}, en(11, 16));
+        QMenu* der = hijo<QMenu>("mnuDerecho");
+        QTRY_VERIFY(der->isVisible());
+        QVERIFY(hijo<QAction>("mnuDer0")->isChecked());
+        for (int k = 1; k <= 3; ++k)
+            QVERIFY(!hijo<QAction>(QStringLiteral("mnuDer%1").arg(k))->isEnabled());
+        QVERIFY(hijo<QAction>("mnuDer4")->isEnabled());
+        hijo<QAction>("mnuDer4")->trigger();
+        der->close();
+        QCOMPARE(m_mb->Campos(16).Presente, QByteArray("0"));
+        QCOMPARE(cuadro()->cajaEn(en(11, 16)), -1);
+    }
+
+    // The left band's menu toggles the bands, and is captioned by their state.
+    void bandas()
+    {
+        abrir();
+        const int inicial = m_mb->Sombreado;
+        for (int vez = 0; vez < 2; ++vez) {
+            const bool puestas = m_mb->Sombreado == 1;
+            QTest::mousePress(cuadro(), Qt::RightButton, {}, en(1, 20));
+            QMenu* m = hijo<QMenu>("mnuOcultar");
+            QTRY_VERIFY(m->isVisible());
+            QCOMPARE(hijo<QAction>("mnuBandas")->text(), m_mb->Textos(puestas ? 495 : 1311));
+            hijo<QAction>("mnuBandas")->trigger();
+            m->close();
+            QCOMPARE(m_mb->Sombreado == 1, !puestas);
+            QCOMPARE(m_w->editor().superficie.Shape2.visible, !puestas);
+        }
+        QCOMPARE(m_mb->Sombreado, inicial);
+    }
+
+    // A right press on a fixed text label opens its menu; Borrar empties it.
+    void textoFijo()
+    {
+        abrir();
+        m_mb->TextoFijo(1) = "HECHO EN CASA";
+        m_w->refresh();
+        QLabel* l = hijo<QLabel>("lblTXF2");
+        QCOMPARE(l->text(), QStringLiteral("HECHO EN CASA"));
+        QTest::mousePress(l, Qt::RightButton);
+        QMenu* m = hijo<QMenu>("mnuDerecho2");
+        QTRY_VERIFY(m->isVisible());
+        QVERIFY(hijo<QAction>("mnuDerTXFborrar")->isEnabled());
+        hijo<QAction>("mnuDerTXFborrar")->trigger();
+        m->close();
+        QVERIFY(m_mb->TextoFijo(1).isEmpty());
+        QCOMPARE(l->text(), QStringLiteral("2 ") + m_mb->Textos(1336));
+        QTest::mousePress(hijo<QLabel>("lblTXF1"), Qt::RightButton);
+        QTRY_VERIFY(m->isVisible());
+        QVERIFY(!hijo<QAction>("mnuDerTXFborrar")->isEnabled());
+        m->close();
+    }
+
+    // A new language reaches every caption of the window and leaves the label alone.
+    void idioma()
+    {
+        abrir();
+        for (int lang = 1; lang <= 8; ++lang) {
+            m_w->menuIdioma(lang)->trigger();
+            const TextTable& T = m_mb->Textos;
+            QCOMPARE(hijo<QAction>("Abrir")->toolTip(), T(1311));
+            QCOMPARE(hijo<QAction>("Convertir")->toolTip(), T(1340));
+            QCOMPARE(hijo<QPushButton>("CBDisplay0")->text(), T(1307));
+            QCOMPARE(hijo<QPushButton>("CBDisplay15")->text(), T(38));
+            QCOMPARE(hijo<QLabel>("StatusBar1Panel1")->text(), T(1317));
+            QCOMPARE(hijo<QLabel>("TxtNombre")->text(), T(552));
+            QCOMPARE(hijo<QLabel>("TxtVer")->text(), T(1306));
+            QCOMPARE(hijo<QLabel>("TxtEtiq")->text(), T(1317));
+            QCOMPARE(hijo<QMenu>("mnuDESC")->title(), T(81));
+            QCOMPARE(hijo<QAction>("mnuDES0")->text(), QStringLiteral("1 ") + T(70));
+            QCOMPARE(hijo<QAction>("mnuVisual13")->text(), T(1307));
+            QCOMPARE(hijo<QAction>("mnuDer1")->text(), T(1318));
+            QCOMPARE(hijo<QLabel>("lblTXF1")->text(), QStringLiteral("1 ") + T(1336));
+            QCOMPARE(m_w->editor().superficie.Imagen(11).caption, T(130));
+            QVERIFY(!m_mb->Modificado);
+        }
+    }
+
+    // One press on the model box is one switch, whatever the platform does
+    // on the release; a cancelled question switches nothing.
+    void compatibilidad_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<bool>("modificado");
+        QTest::addColumn<QList<Answer>>("respuestas");
+        QTest::addColumn<bool>("cambia");
+        QTest::newRow("new to old") << 1 << false << QList<Answer>{} << true;
+        QTest::newRow("old to new") << 0 << false << QList<Answer>{} << true;
+        QTest::newRow("modified, no") << 1 << true << QList<Answer>{Answer::No} << true;
+        QTest::newRow("modified, cancel") << 1 << true << QList<Answer>{Answer::Cancel} << false;
+    }
+
+    void compatibilidad()
+    {
+        QFETCH(int, modelo);
+        QFETCH(bool, modificado);
+        QFETCH(QList<Answer>, respuestas);
+        QFETCH(bool, cambia);
+        abrir(modelo);
+        poner(26, 10, 20); // the lot is only on the new model's surface
+        m_mb->Modificado = modificado;
+        m_ui.answers = respuestas;
+        QCheckBox* chk = hijo<QCheckBox>("ChkCompatibilidad");
+        QCOMPARE(chk->isChecked(), modelo == 1);
+        // On the box itself, where the platform's own toggle would act.
+        QTest::mouseClick(chk, Qt::LeftButton, {}, QPoint(7, chk->height() / 2));
+        const bool nuevo = cambia ? modelo == 0 : modelo == 1;
+        QCOMPARE(m_mb->ModeloNuevo, int16_t(nuevo ? 1 : 0));
+        QCOMPARE(chk->isChecked(), nuevo);
+        QCOMPARE(hijo<QPushButton>("CBDisplay14")->isVisible(), nuevo);
+        QCOMPARE(hijo<QLineEdit>("TxtNumEtiq")->text(), QString::number(nuevo ? 3 : (cambia ? 1 : 3)));
+        if (!nuevo)
+            QVERIFY(!m_w->editor().superficie.Imagen(26).visible);
+        QCOMPARE(m_ui.answers.size(), 0);
+    }
+
+    // Each button of the tool bar runs its command, asking first where the
+    // command does.
+    void toolbar_data()
+    {
+        QTest::addColumn<QString>("clave");
+        QTest::addColumn<bool>("modificado");
+        QTest::addColumn<QList<Answer>>("respuestas");
+        QTest::addColumn<QString>("efecto");
+        QTest::newRow("60x57") << "Eti60" << false << QList<Answer>{} << "60";
+        QTest::newRow("60x57, no") << "Eti60" << true << QList<Answer>{Answer::No} << "60";
+        QTest::newRow("60x57, cancelled") << "Eti60" << true << QList<Answer>{Answer::Cancel} << "45";
+        QTest::newRow("convert") << "Convertir" << false << QList<Answer>{} << "T";
+        QTest::newRow("convert, cancelled") << "Convertir" << true << QList<Answer>{Answer::Cancel} << "V";
+        QTest::newRow("save asks for a file") << "Guardar" << false << QList<Answer>{} << "save";
+        QTest::newRow("open asks for a file") << "Abrir" << false << QList<Answer>{} << "open";
+        QTest::newRow("exit") << "Salir" << true << QList<Answer>{Answer::No} << "closed";
+    }
+
+    void toolbar()
+    {
+        QFETCH(QString, clave);
+        QFETCH(bool, modificado);
+        QFETCH(QList<Answer>, respuestas);
+        QFETCH(QString, efecto);
+        abrir();
+        bool cerrado = false;
+        connect(m_w.get(), &frmBase::cerrado, this, [&] { cerrado = true; });
+        m_mb->Modificado = modificado;
+        m_ui.answers = respuestas;
+        QAction* a = hijo<QAction>(clave);
+        QVERIFY(!a->icon().isNull());
+        QVERIFY(!a->toolTip().isEmpty());
+        QToolBar* tb = hijo<QToolBar>("Toolbar1");
+        QTest::mouseClick(tb->widgetForAction(a), Qt::LeftButton);
+        QCOMPARE(m_ui.answers.size(), 0);
+        if (efecto == "60" || efecto == "45") {
+            QCOMPARE(m_mb->AnchoEtiqueta, efecto.toLatin1());
+            QCOMPARE(hijo<QLineEdit>("TxtValorVer")->text(), efecto);
+            QCOMPARE(cuadro()->height(), qRound(efecto.toInt() * 10.0 / 9.0 * Escala::kPxPorMm));
+        } else if (efecto == "T" || efecto == "V") {
+            QCOMPARE(m_mb->TipoEtiqueta, efecto.toLatin1());
+            QCOMPARE(a->toolTip(), m_mb->Textos(efecto == "T" ? 1341 : 1340));
+            QCOMPARE(hijo<QPushButton>("CBDisplay11")->isVisible(), efecto == "T");
+        } else if (efecto == "save" || efecto == "open") {
+            QVERIFY(m_ui.log.filter(efecto + ": ").size() == 1);
+        } else if (efecto == "closed") {
+            QVERIFY(cerrado);
+        }
+    }
+};
+
+QTEST_MAIN(TestSurface)
+#include "tst_surface.moc"

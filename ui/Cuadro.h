@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+#include <QWidget>
+#include <functional>
+
+class EditorEtiqueta;
+class Picture;
+
+// How large the window is drawn: logical pixels to one window millimetre.
+// The surface keeps its own anisotropic scale on top of it, 2.0 window mm to
+// a horizontal unit and 10/9 to a vertical one; at 5 px the 57 units across
+// are 570 px, large enough to place a box of 3.33 units by hand. Logical
+// pixels: a high-density screen scales them itself.
+namespace Escala {
+constexpr double kPxPorMm = 5.0;
+constexpr double kPxPorUnidadHor = 2.0 * kPxPorMm;
+constexpr double kPxPorUnidadVer = 10.0 / 9.0 * kPxPorMm;
+constexpr double kTwipsPorMm = 56.7;
+inline int px(double mm) { return qRound(mm * kPxPorMm); }
+} // namespace Escala
+
+// The design surface on screen. It draws the editor's surface model (the
+// white label, the background picture, the bands, the boxes `Imagen` in
+// their colours, the dotted guide lines) and feeds the mouse to the editor:
+// pointer positions over a box go as twips from the box's top left, over the
+// bare surface as surface units, which is how the editor's drag logic takes
+// them. It decides nothing itself.
+class Cuadro : public QWidget {
+    Q_OBJECT
+public:
+    Cuadro(EditorEtiqueta& editor, const Picture& fondo, QWidget* parent = nullptr);
+
+    // Where a point of the surface (in surface units) is, in this widget.
+    static QPointF puntoDe(double hor, double ver);
+    // Box n as the screen shows it.
+    QRectF rectCaja(int n) const;
+    // The box under a point of this widget, -1 for the bare surface. The
+    // boxes of higher numbers lie on top.
+    int cajaEn(const QPointF& pos) const;
+    // The outer size follows the surface model (its height follows VSVer).
+    void ajustarTamano();
+
+    // The drag was let go outside the surface: is this point (global) on one
+    // of the window's text boxes? There the drop only repaints.
+    std::function<bool(const QPoint&)> sobreCajaTexto;
+    // After each mouse action: the window shows the status read-outs.
+    std::function<void()> trasRaton;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void mousePressEvent(QMouseEvent* e) override;
+    void mouseMoveEvent(QMouseEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+    void mouseDoubleClickEvent(QMouseEvent* e) override;
+
+private:
+    // What the dragged box is over: nothing of ours, the bare surface, a box.
+    enum class Destino { Fuera, Superficie, Caja };
+
+    void arrastrarA(const QPointF& pos);
+    void terminarArrastre(const QPointF& pos, const QPoint& global);
+    void aplicarPuntero();
+    QPointF twipsEnCaja(int n, const QPointF& pos) const;
+    void avisar();
+
+    EditorEtiqueta& m_editor;
+    const Picture& m_fondo;
+    bool m_arrastrando = false;
+    Destino m_destino = Destino::Fuera;
+    QPointF m_punteroUnidades; // where the drag outline follows the pointer
+};
+
+// A ruler beside the surface: a scale of the surface's units, every unit a
+// tick, every 5 a longer one, every 10 a number.
+class Regla : public QWidget {
+    Q_OBJECT
+public:
+    Regla(Qt::Orientation orientacion, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    Qt::Orientation m_orientacion;
+};
