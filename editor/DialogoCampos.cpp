@@ -2,6 +2,7 @@
 
 #include "CatalogoCampos.h"
 #include "ModBase.h"
+#include "TextosLibres.h"
 
 #include <cstring>
 
@@ -50,13 +51,7 @@ void AceptarTipoEtiq(ModBase& mb, int opcion)
     else if (opcion == 1)
         mb.TipoEtiqueta = "V";
     mb.TextoLibre.fill(QByteArray());
-    mb.Modificado = false;
-    mb.ArchivoConocido = false;
-    mb.NumEtiqueta = mb.ModeloNuevo == 1 ? "3" : "1";
-    mb.AnchoEtiqueta = "45";
-    mb.NombreEtiqueta.clear();
-    for (int n = 1; n <= 36; ++n)
-        InicializarCampo(mb, n);
+    etiquetaNueva(mb);
 }
 
 namespace {

@@ -35,6 +35,11 @@ void AceptarCargaTXL(ModBase& mb)
     const QString path = fs::inProgramDir(mb, kFreetxl);
     if (mb.CargaTXL == 1 && fs::fileExists(path))
         leerFreetxl(mb, splitLines(fs::readAll(path)));
+    etiquetaNueva(mb);
+}
+
+void etiquetaNueva(ModBase& mb)
+{
     mb.Modificado = false;
     mb.ArchivoConocido = false;
     mb.NumEtiqueta = mb.ModeloNuevo == 1 ? "3" : "1";

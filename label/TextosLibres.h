@@ -17,6 +17,10 @@ void GuardarFreetxl(const ModBase& mb);
 // sixteenth row has no text to go to and ends the program.
 void leerFreetxl(ModBase& mb, const QList<QByteArray>& lines);
 
+// A fresh label: clean and unnamed, number 3 (new model) or 1, 45 wide, every
+// field back to its defaults. The kind and the texts are the caller's.
+void etiquetaNueva(ModBase& mb);
+
 // The OK of the free text load dialog, which makes every new label: the free
 // texts from freetxl.sft when asked for and present (else empty), and a
 // clean header and fields.
