@@ -57,11 +57,8 @@ private slots:
     void init()
     {
         m_dir.reset(new ProgramDir);
-        m_dir->copyBuiltCatalogue();
         m_mb.reset(new ModBase);
-        m_dir->attach(*m_mb);
-        m_mb->Idioma = 1;
-        QCOMPARE(CargarTextos(*m_mb, 1), int16_t(0));
+        m_dir->prepare(*m_mb);
         m_mb->ModeloNuevo = 1;
         InicializarEtiqueta(*m_mb);
     }

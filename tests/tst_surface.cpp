@@ -43,11 +43,8 @@ private:
     void abrir(int modelo = 1, const char* tipo = "V")
     {
         m_dir.reset(new ProgramDir);
-        m_dir->copyBuiltCatalogue();
         m_mb.reset(new ModBase);
-        m_dir->attach(*m_mb);
-        m_mb->Idioma = 1;
-        QCOMPARE(CargarTextos(*m_mb, 1), int16_t(0));
+        m_dir->prepare(*m_mb);
         m_mb->ModeloNuevo = static_cast<int16_t>(modelo);
         m_mb->TipoEtiqueta = tipo;
         m_ui.log.clear();

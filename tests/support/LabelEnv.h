@@ -18,10 +18,7 @@ struct LabelEnv {
 
     explicit LabelEnv(int modelo)
     {
-        dir.copyBuiltCatalogue();
-        dir.attach(mb);
-        mb.Idioma = 1;
-        CargarTextos(mb, 1);
+        dir.prepare(mb);
         mb.ModeloNuevo = static_cast<int16_t>(modelo);
         files.controles.VSEtiqMin = modelo ? 3 : 1;
         files.IniciaLineas();

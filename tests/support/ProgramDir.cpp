@@ -90,3 +90,12 @@ void ProgramDir::attach(ModBase& mb) const
 {
     mb.programDir = m_dir.path();
 }
+
+void ProgramDir::prepare(ModBase& mb, int idioma) const
+{
+    copyBuiltCatalogue();
+    attach(mb);
+    mb.Idioma = static_cast<int16_t>(idioma);
+    if (CargarTextos(mb, mb.Idioma) != 0)
+        throw std::runtime_error("the catalogue did not load");
+}

@@ -29,6 +29,9 @@ public:
 
     // A shared block that lives in this folder.
     void attach(ModBase& mb) const;
+    // The program's catalogue here, and the block living in this folder with
+    // the texts of that language loaded.
+    void prepare(ModBase& mb, int idioma = 1) const;
 
 private:
     QTemporaryDir m_dir;
