@@ -51,11 +51,6 @@ bool takeFlag(QStringList& args, const QString& name)
     return args.removeAll(name) > 0;
 }
 
-bool esArchivoEtiqueta(const QString& path)
-{
-    const QChar c = path.size() >= 2 ? path.at(path.size() - 2) : QChar();
-    return c == QLatin1Char('d') || c == QLatin1Char('D');
-}
 
 void CliContext::configure(QStringList& args)
 {

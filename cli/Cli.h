@@ -40,10 +40,6 @@ struct CliContext {
     void load(const QString& path, const QString& label);
 };
 
-// Whether a path is a label file, as the open command tells: by its
-// next-to-last character alone.
-bool esArchivoEtiqueta(const QString& path);
-
 // Takes `--name value` off args; empty when absent.
 QString takeOption(QStringList& args, const QString& name);
 bool takeFlag(QStringList& args, const QString& name);

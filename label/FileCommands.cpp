@@ -51,6 +51,12 @@ QString primerArchivo(const QString& carpeta, const QString& patron)
 
 } // namespace
 
+bool esArchivoEtiqueta(const QString& path)
+{
+    const QChar c = path.size() >= 2 ? path.at(path.size() - 2) : QChar();
+    return c == QLatin1Char('d') || c == QLatin1Char('D');
+}
+
 FileCommands::FileCommands(ModBase& mb, UserInteraction& ui, BaseView& view)
     : m_mb(mb), m_ui(ui), m_view(view)
 {
@@ -317,21 +323,11 @@ void FileCommands::NuevoConjunto()
 
 void FileCommands::Abrir_Eti()
 {
-    if (!m_mb.Modificado) {
+    // Unlike the other commands, a Yes saves and stops: the person gives the
+    // command again.
+    const RespuestaCambios r = preguntarCambios(m_mb, m_ui, [this] { Guardar(); });
+    if (!r.preguntado || r.respuesta == Answer::No)
         CargarEti2();
-        return;
-    }
-    switch (m_ui.question(m_mb.Textos(1315))) {
-    case Answer::Yes:
-        // The open is not carried on: the person gives the command again.
-        Guardar();
-        break;
-    case Answer::No:
-        CargarEti2();
-        break;
-    case Answer::Cancel:
-        break;
-    }
 }
 
 void FileCommands::CargarEti2()
@@ -348,9 +344,7 @@ void FileCommands::CargarEti2()
     const QString& ruta = m_mb.ArchivoActual;
     if (ruta.isEmpty())
         return;
-    // The next-to-last character alone tells a label file from a set file.
-    const QChar penultimo = ruta.size() >= 2 ? ruta.at(ruta.size() - 2) : QChar();
-    if (penultimo == QLatin1Char('d') || penultimo == QLatin1Char('D'))
+    if (esArchivoEtiqueta(ruta))
         RealizarConjunto();
     else
         CargarConjunto();
@@ -473,23 +467,11 @@ void FileCommands::cambioEtiqueta(int valor)
     if (IgnorarCambioEtiq != 0) {
         IgnorarCambioEtiq = 0;
     } else {
-        bool cargar = true;
-        if (m_mb.Modificado) {
-            switch (m_ui.question(m_mb.Textos(1315))) {
-            case Answer::Yes:
-                Guardar();
-                break;
-            case Answer::No:
-                break;
-            case Answer::Cancel:
-                // The selector goes back, and that change of its own is swallowed.
-                IgnorarCambioEtiq = 1;
-                cambioEtiqueta(entero(m_mb.NumEtiqueta));
-                cargar = false;
-                break;
-            }
-        }
-        if (cargar) {
+        if (!preguntarYGuardar()) {
+            // The selector goes back, and that change of its own is swallowed.
+            IgnorarCambioEtiq = 1;
+            cambioEtiqueta(entero(m_mb.NumEtiqueta));
+        } else {
             // The kind does not change: the selector moves among the numbers of one kind.
             const int v = controles.VSEtiq;
             CargarEtiquetaConjunto(m_mb.TipoEtiqueta == "V" ? v : v + (m_mb.ModeloNuevo ? 3 : 5));
@@ -515,18 +497,12 @@ void FileCommands::Convertir()
 
 bool FileCommands::pulsarCompatibilidad()
 {
-    if (m_mb.Modificado) {
-        switch (m_ui.question(m_mb.Textos(1315))) {
-        case Answer::Yes:
-            Guardar();
-            break;
-        case Answer::No:
-            m_mb.Modificado = false;
-            break;
-        case Answer::Cancel:
-            return false;
-        }
-    }
+    // Here a No also forgets the changes.
+    const RespuestaCambios r = preguntarCambios(m_mb, m_ui, [this] { Guardar(); });
+    if (!r.continuar())
+        return false;
+    if (r.preguntado && r.respuesta == Answer::No)
+        m_mb.Modificado = false;
     cambiarModelo(m_mb.ModeloNuevo == 0);
     return true;
 }

@@ -26,6 +26,10 @@ public:
     void mostrarCargaTXL() override {}
 };
 
+// Whether a path is a label file rather than a set file: the open command
+// looks at the next-to-last character of the name alone ("x.pde", "abc.d1").
+bool esArchivoEtiqueta(const QString& path);
+
 // The controls of the main window that the commands read and set, kept here
 // so that the commands run without a screen; the window shows them.
 struct ControlesBase {
