@@ -3,6 +3,7 @@
 #include "Catalogo.h"
 #include "Configuracion.h"
 #include "ModBase.h"
+#include "Recuperacion.h"
 #include "RuntimeError.h"
 #include "UserInteraction.h"
 
@@ -38,7 +39,7 @@ int Main(ModBase& mb, UserInteraction& ui, VentanasPrincipales& ventanas)
         GuardarConfiguracion(mb);
         return 0;
     } catch (const RuntimeError& e) {
-        ui.message(e.text());
+        ui.message(recuperacion::mensajeFinal(e));
         return 1;
     }
 }

@@ -64,14 +64,38 @@ QByteArray readAll(const QString& path)
     return file.readAll();
 }
 
+namespace {
+qint64 g_espacioLibre = -1; // bytes the disk still takes; -1 = as many as it has
+}
+
 void writeAll(const QString& path, const QByteArray& bytes)
 {
-    // Written aside and renamed into place, so a failure never leaves half a
-    // file; where the folder forbids that, the file is written in place.
+    // Written aside and renamed over the earlier file in one step, so that a
+    // failure part way (a full disk, a removed stick, a killed process)
+    // leaves the earlier file whole. Unbuffered, so that every write reports
+    // its own failure: a buffered one may only fail at the flush inside the
+    // commit, where Qt loses the error and the rename still happens.
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    bool ok = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    if (ok) {
+        QByteArray resto = bytes;
+        if (g_espacioLibre >= 0 && resto.size() > g_espacioLibre) {
+            resto.truncate(g_espacioLibre);
+            ok = false;
+        }
+        ok = file.write(resto) == resto.size() && ok;
+        if (g_espacioLibre >= 0)
+            g_espacioLibre -= resto.size();
+        ok = ok && file.flush() && file.error() == QFileDevice::NoError;
+    }
+    // Left uncommitted, the aside copy goes with the object.
+    if (!ok || !file.commit())
         throw RuntimeError::pathFileAccess();
+}
+
+void limitarEspacioLibre(qint64 bytes)
+{
+    g_espacioLibre = bytes;
 }
 
 QString inProgramDir(const ModBase& mb, const QString& relative)

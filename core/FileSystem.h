@@ -24,8 +24,12 @@ QString lastModifiedText(const QString& path);
 
 // The whole file; "File not found" or "Path/File access error" when it cannot be read.
 QByteArray readAll(const QString& path);
-// Replaces the file with the bytes; "Path/File access error" when it cannot.
+// Replaces the file with the bytes, whole or not at all: on any failure the
+// earlier file stays as it was and "Path/File access error" is raised.
 void writeAll(const QString& path, const QByteArray& bytes);
+// Makes the disk behind writeAll take only so many more bytes, as a full one
+// would (-1: no limit). For the tests of a full disk where none can be mounted.
+void limitarEspacioLibre(qint64 bytes);
 
 // A path below the program's folder: inProgramDir(mb, "lang/lang.db").
 QString inProgramDir(const ModBase& mb, const QString& relative);

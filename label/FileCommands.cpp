@@ -9,6 +9,7 @@
 #include "TextLines.h"
 #include "TextosLibres.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -256,19 +257,24 @@ void FileCommands::cargarDeArchivo()
     m_mb.Modificado = false;
 }
 
-void FileCommands::GuardarEtiquetaConjunto()
+void FileCommands::plegarEtiqueta(BoundedArray<QByteArray, 0, 300>& lineas) const
 {
-    Lineas(indiceTextoFijo()) = filaTextoFijo(m_mb.TextoFijo(0), m_mb.TextoFijo(1));
+    lineas(indiceTextoFijo()) = filaTextoFijo(m_mb.TextoFijo(0), m_mb.TextoFijo(1));
     // All fifteen in both models: in the old one the rows 6 to 15 land on the
     // block of packing label 1, whose own save mends all but its block line.
     for (int i = 1; i <= 15; ++i)
-        Lineas(i) = filaTextoLibre(i - 1, m_mb.TextoLibre(i - 1), m_mb.ModeloNuevo);
+        lineas(i) = filaTextoLibre(i - 1, m_mb.TextoLibre(i - 1), m_mb.ModeloNuevo);
     const int numero = entero(m_mb.NumEtiqueta);
     const int p = m_mb.TipoEtiqueta == "V" ? numero : numero + (m_mb.ModeloNuevo ? 3 : 5);
     const int b = indiceBloque(p);
     const int campos = m_mb.ModeloNuevo ? 36 : 26;
     for (int j = 1; j <= campos; ++j)
-        Lineas(b + j) = filaCampo(m_mb, m_mb.Campos(j), m_mb.TipoEtiqueta);
+        lineas(b + j) = filaCampo(m_mb, m_mb.Campos(j), m_mb.TipoEtiqueta);
+}
+
+void FileCommands::GuardarEtiquetaConjunto()
+{
+    plegarEtiqueta(Lineas);
     GuardaConjunto();
     GuardarFreetxl(m_mb);
     m_mb.ArchivoConocido = true;
@@ -277,10 +283,45 @@ void FileCommands::GuardarEtiquetaConjunto()
 
 QList<QByteArray> FileCommands::lineasArchivo() const
 {
+    return lineasArchivo(Lineas);
+}
+
+QList<QByteArray> FileCommands::lineasArchivo(const BoundedArray<QByteArray, 0, 300>& lineas) const
+{
     QList<QByteArray> lines;
     for (int i = 0; i < lineasConjunto(); ++i)
-        lines.append(Lineas(i));
+        lines.append(lineas(i));
     return lines;
+}
+
+QString FileCommands::GuardarRecuperacion(const QDateTime& ahora) const
+{
+    // The store with the label being edited folded in, as a save would have
+    // made it; the store itself and the person's own files stay untouched.
+    // A label that cannot be folded (the error may lie in it) leaves the store
+    // as it stands.
+    QList<QByteArray> lineas;
+    try {
+        BoundedArray<QByteArray, 0, 300> copia = Lineas;
+        plegarEtiqueta(copia);
+        lineas = lineasArchivo(copia);
+    } catch (const RuntimeError&) {
+        lineas = lineasArchivo();
+    }
+    const QString carpeta = fs::inProgramDir(m_mb, QStringLiteral("recovery"));
+    if (!fs::dirExists(carpeta))
+        fs::makeDir(carpeta);
+    QString base = QFileInfo(ArchivoConjunto.isEmpty() ? m_mb.ArchivoActual : ArchivoConjunto)
+                       .completeBaseName();
+    if (base.isEmpty())
+        base = QStringLiteral("korvo");
+    const QString nombre = base + ahora.toString(QStringLiteral("-yyyyMMdd-HHmmss"));
+    const QString extension = m_mb.ModeloNuevo ? QStringLiteral(".pse") : QStringLiteral(".ose");
+    QString ruta = QDir(carpeta).filePath(nombre + extension);
+    for (int n = 2; QFileInfo::exists(ruta); ++n)
+        ruta = QDir(carpeta).filePath(nombre + QStringLiteral("-%1").arg(n) + extension);
+    fs::writeAll(ruta, joinLines(lineas));
+    return ruta;
 }
 
 void FileCommands::GuardaConjunto()

@@ -4,6 +4,7 @@
 #include "UserInteraction.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QList>
 #include <QString>
 #include <cstdint>
@@ -116,7 +117,15 @@ public:
     // Reads a set file's lines into the store.
     void leerLineasConjunto(const QList<QByteArray>& lines);
 
+    // Keeps the work in hand, the store with the label being edited folded
+    // in, as a set file of its own in the folder "recovery" of the program's
+    // folder, named after the set and the time; returns its path.
+    QString GuardarRecuperacion(const QDateTime& ahora) const;
+
 private:
+    // Writes the label of the shared block and the texts into the lines.
+    void plegarEtiqueta(BoundedArray<QByteArray, 0, 300>& lineas) const;
+    QList<QByteArray> lineasArchivo(const BoundedArray<QByteArray, 0, 300>& lineas) const;
     // Yes saves, No goes on, Cancel stops: false when the command is to stop.
     bool preguntarYGuardar();
     void cargarDeArchivo(); // the tail shared by every load

@@ -1,6 +1,7 @@
 #include "KorvoApplication.h"
 
 #include "QtInteraction.h"
+#include "Recuperacion.h"
 #include "RuntimeError.h"
 
 #include <cstdio>
@@ -25,8 +26,9 @@ bool KorvoApplication::notify(QObject* receiver, QEvent* event)
 
 void terminarConError(const RuntimeError& error)
 {
-    std::fprintf(stderr, "%s\n", qPrintable(error.text()));
-    QtInteraction().message(error.text());
+    const QString texto = recuperacion::mensajeFinal(error);
+    std::fprintf(stderr, "%s\n", qPrintable(texto));
+    QtInteraction().message(texto);
     std::fflush(nullptr);
     std::_Exit(1);
 }

@@ -8,6 +8,7 @@
 #include "Dialogos.h"
 #include "Iconos.h"
 #include "ModBase.h"
+#include "Recuperacion.h"
 #include "frmCargaTXL.h"
 #include "frmVistaPrevia.h"
 
@@ -15,6 +16,7 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QDateTime>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
@@ -113,6 +115,15 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     m_files.controles.VSEtiq = std::max(minimo, m_mb.NumEtiqueta.toInt());
     m_files.controles.TxtNumEtiq = QString::number(m_files.controles.VSEtiq);
     refresh();
+    // From here on the work in hand outlives what the program does not foresee.
+    recuperacion::registrar(m_mb, [this] {
+        return m_files.GuardarRecuperacion(QDateTime::currentDateTime());
+    });
+}
+
+frmBase::~frmBase()
+{
+    recuperacion::retirar();
 }
 
 QAction* frmBase::entrada(QMenu* menu, const char* nombre, int textId, bool puntos,

@@ -59,6 +59,7 @@ class frmBase : public QMainWindow, public BaseView, public EditorView, public C
     Q_OBJECT
 public:
     frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent = nullptr);
+    ~frmBase() override;
 
     // The repaint routine: captions, the editor's surface, then every
     // widget from the model. It asks nothing and changes no label data.

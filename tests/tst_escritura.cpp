@@ -1,0 +1,233 @@
+#include "Configuracion.h"
+#include "FileSystem.h"
+#include "LabelEnv.h"
+#include "Recuperacion.h"
+#include "RenderVista.h"
+#include "RuntimeErrors.h"
+#include "TextLines.h"
+#include "TextosLibres.h"
+#include "frmBase.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QtTest>
+
+#include <functional>
+
+namespace {
+
+// A folder on a disk with no room left. Where the machine lets the test
+// mount one, a small tmpfs really filled up; elsewhere the file-system
+// helpers are told to take no more bytes, which they then refuse as a full
+// disk does, after the file aside has been opened.
+class DiscoLleno {
+public:
+    DiscoLleno()
+    {
+        QProcess mount;
+        mount.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        mount.start(QStringLiteral("mount"), {"-t", "tmpfs", "-o", "size=128k", "korvo-lleno", m_dir.path()});
+        m_montado = mount.waitForFinished() && mount.exitStatus() == QProcess::NormalExit &&
+                    mount.exitCode() == 0;
+    }
+    ~DiscoLleno()
+    {
+        fs::limitarEspacioLibre(-1);
+        if (m_montado)
+            QProcess::execute(QStringLiteral("umount"), {"-l", m_dir.path()});
+    }
+    bool montado() const { return m_montado; }
+    QString file(const QString& name) const { return QDir(m_dir.path()).filePath(name); }
+
+    void llenar()
+    {
+        if (!m_montado) {
+            fs::limitarEspacioLibre(0);
+            return;
+        }
+        QFile relleno(file(QStringLiteral("relleno")));
+        QVERIFY(relleno.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        const QByteArray bloque(4096, 'x');
+        while (relleno.write(bloque) == bloque.size()) {
+        }
+    }
+
+private:
+    QTemporaryDir m_dir;
+    bool m_montado = false;
+};
+
+const QByteArray kAnterior = "THE EARLIER FILE\r\n";
+
+// Packing label 3 of the new model, the first a set shows.
+void etiqueta(LabelEnv& e)
+{
+    e.mb.TipoEtiqueta = "V";
+    e.mb.NumEtiqueta = "3";
+    e.mb.AnchoEtiqueta = "45";
+}
+
+using Escritor = std::function<void(LabelEnv&)>;
+
+QDateTime momento()
+{
+    return QDateTime(QDate(2026, 11, 23), QTime(10, 15, 0));
+}
+
+} // namespace
+
+class TestEscritura : public QObject {
+    Q_OBJECT
+
+private slots:
+    // Every writer of the program, on a full disk: the run-time error that a
+    // failed write ends the program with, the earlier file whole, nothing
+    // left beside it, and the label still counted as unsaved.
+    void discoLleno_data()
+    {
+        // Where the file goes: the program's folder for its own files, else
+        // where the person chose; the folder is then on the full disk.
+        QTest::addColumn<bool>("enPrograma");
+        QTest::addColumn<QString>("archivo");
+        QTest::addColumn<Escritor>("escribir");
+        QTest::newRow("set file") << false << "set.pse" << Escritor([](LabelEnv& e) { e.files.GuardarEtiquetaConjunto(); });
+        QTest::newRow("label file") << false << "x.pde" << Escritor([](LabelEnv& e) { e.files.GuardaEti(); });
+        QTest::newRow("freetxl.sft") << true << "freetxl.sft" << Escritor([](LabelEnv& e) { GuardarFreetxl(e.mb); });
+        QTest::newRow("cfg.ini") << true << "cfg.ini" << Escritor([](LabelEnv& e) { GuardarConfiguracion(e.mb); });
+        QTest::newRow("preview picture") << false << "x.png" << Escritor([](LabelEnv& e) {
+            exportarVistaPrevia(e.mb, e.mb.ArchivoActual);
+        });
+        QTest::newRow("recovery") << true << "" << Escritor([](LabelEnv& e) { e.files.GuardarRecuperacion(momento()); });
+    }
+    void discoLleno()
+    {
+        QFETCH(bool, enPrograma);
+        QFETCH(QString, archivo);
+        QFETCH(Escritor, escribir);
+        LabelEnv e(1);
+        etiqueta(e);
+        DiscoLleno disco;
+        if (enPrograma)
+            e.mb.programDir = disco.file({});
+        if (!archivo.isEmpty()) {
+            e.mb.ArchivoActual = disco.file(archivo);
+            fs::writeAll(e.mb.ArchivoActual, kAnterior);
+        }
+        e.mb.Campos(11).Presente = "1";
+        e.mb.TextoLibre(0) = "QUESO";
+        e.mb.Modificado = true;
+        disco.llenar();
+
+        QCOMPARE(errorNumber([&] { escribir(e); }), 75);
+        if (!archivo.isEmpty())
+            QCOMPARE(fs::readAll(e.mb.ArchivoActual), kAnterior);
+        QVERIFY(e.mb.Modificado);
+        const QStringList quedan = QDir(disco.file({})).entryList(QDir::Files | QDir::NoDotAndDotDot);
+        QCOMPARE(quedan.size(), int(!archivo.isEmpty()) + int(disco.montado()));
+        QVERIFY(QDir(disco.file("recovery")).entryList(QDir::Files).isEmpty());
+    }
+
+    // The companion's export over an earlier file on a really full disk: it
+    // fails, says why, and the earlier file is whole.
+    void exportarADiscoLleno()
+    {
+        LabelEnv e(1);
+        etiqueta(e);
+        DiscoLleno disco;
+        if (!disco.montado())
+            QSKIP("no file system can be mounted here");
+        e.dir.write("sirel.new", {});
+        e.mb.ArchivoActual = e.dir.file("set.pse");
+        e.files.GuardarEtiquetaConjunto();
+        const QString destino = disco.file("x.pde");
+        fs::writeAll(destino, kAnterior);
+        disco.llenar();
+
+        QProcess cli;
+        cli.start(QStringLiteral(KORVO_CLI), {"--program-dir", e.dir.path(), "export",
+                                              e.dir.file("set.pse"), "-o", destino});
+        QVERIFY(cli.waitForFinished(30000));
+        QCOMPARE(cli.exitCode(), 1);
+        QVERIFY(cli.readAllStandardError().contains("Run-time error '75'"));
+        QCOMPARE(fs::readAll(destino), kAnterior);
+    }
+
+    // When the program ends on what it does not foresee, the label being
+    // edited and the store are kept as a set file that opens to the same
+    // label, and the message says where; the person's own files and the
+    // store are not touched.
+    void recuperacion_data()
+    {
+        QTest::addColumn<int>("modelo");
+        QTest::addColumn<QString>("conjunto");
+        QTest::addColumn<QString>("esperado");
+        QTest::addColumn<QByteArray>("libre"); // the old model's texts lose a character at each load
+        QTest::newRow("new model, a set") << 1 << "shop.pse" << "recovery/shop-20261123-101500.pse" << QByteArray("SEGUNDO");
+        QTest::newRow("old model, no file yet") << 0 << "" << "recovery/korvo-20261123-101500.ose" << QByteArray("EGUNDO");
+    }
+    void recuperacion()
+    {
+        QFETCH(int, modelo);
+        QFETCH(QString, conjunto);
+        QFETCH(QString, esperado);
+        QFETCH(QByteArray, libre);
+        LabelEnv e(modelo);
+        etiqueta(e);
+        if (!conjunto.isEmpty()) {
+            e.mb.ArchivoActual = e.dir.file(conjunto);
+            e.files.GuardarEtiquetaConjunto();
+            e.files.ArchivoConjunto = e.mb.ArchivoActual;
+        }
+        const QByteArray guardado = conjunto.isEmpty() ? QByteArray() : e.dir.read(conjunto);
+        const auto lineas = e.files.Lineas;
+        e.mb.TipoEtiqueta = "T";
+        e.mb.NumEtiqueta = "4";
+        e.mb.Campos(13).Presente = "1";
+        e.mb.Campos(13).TextoHor = "108";
+        e.mb.TextoLibre(1) = "SEGUNDO";
+
+        recuperacion::registrar(e.mb, [&] { return e.files.GuardarRecuperacion(momento()); });
+        const QString texto = recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange());
+        recuperacion::retirar();
+        QVERIFY(texto.startsWith("Run-time error '9': Subscript out of range\n\n" + e.mb.Textos(2001)));
+        QVERIFY(texto.endsWith(QDir::toNativeSeparators(e.dir.file(esperado))));
+        QVERIFY(e.files.Lineas == lineas);
+        if (!conjunto.isEmpty())
+            QCOMPARE(e.dir.read(conjunto), guardado);
+
+        LabelEnv abierto(modelo);
+        abierto.files.leerLineasConjunto(splitLines(e.dir.read(esperado)));
+        abierto.files.CargarEtiquetaConjunto(modelo ? 7 : 9);
+        QCOMPARE(abierto.mb.TipoEtiqueta, QByteArray("T"));
+        QCOMPARE(abierto.mb.Campos(13).Presente, QByteArray("1"));
+        QCOMPARE(abierto.mb.Campos(13).TextoHor, QByteArray("108"));
+        QCOMPARE(abierto.mb.TextoLibre(1), libre);
+    }
+
+    // The keeper may fail in any way: the error that ends the program is
+    // then shown as it is. Without a window there is nothing to keep.
+    void recuperacionFallida()
+    {
+        const ModBase mb;
+        recuperacion::registrar(mb, []() -> QString { throw RuntimeError::pathFileAccess(); });
+        QCOMPARE(recuperacion::mensajeFinal(RuntimeError::overflow()), RuntimeError::overflow().text());
+        recuperacion::retirar();
+        QCOMPARE(recuperacion::mensajeFinal(RuntimeError::overflow()), RuntimeError::overflow().text());
+    }
+
+    // The main window keeps its work while it lives, and only then.
+    void ventanaGuardaSuTrabajo()
+    {
+        LabelEnv e(1);
+        {
+            frmBase w(e.mb, e.ui);
+            QVERIFY(recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange()).contains(e.mb.Textos(2001)));
+        }
+        QCOMPARE(QDir(e.dir.file("recovery")).entryList(QDir::Files).size(), 1);
+        QCOMPARE(recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange()),
+                 RuntimeError::subscriptOutOfRange().text());
+    }
+};
+
+QTEST_MAIN(TestEscritura)
+#include "tst_escritura.moc"
