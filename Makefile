@@ -3,8 +3,9 @@ BUILD     ?= build
 FUZZBUILD ?= build-fuzz
 JOBS      ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
+MONKEY_MINUTES ?= 30
 
-.PHONY: all deps configure build run test bench fuzz clean
+.PHONY: all deps configure build run test bench fuzz monkey clean
 
 all: build
 
@@ -34,6 +35,13 @@ fuzz: deps
 	CC=clang CXX=clang++ cmake -S . -B $(FUZZBUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DKORVO_FUZZ=ON
 	cmake --build $(FUZZBUILD) -j $(JOBS) --target fuzzers
 	scripts/run-fuzzers $(FUZZBUILD)/bin $(FUZZ_SECONDS)
+
+# The designer under random actions, with AddressSanitizer and
+# UndefinedBehaviorSanitizer; failing runs are kept in monkey-failures/.
+monkey: deps
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZBUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DKORVO_FUZZ=ON
+	cmake --build $(FUZZBUILD) -j $(JOBS) --target korvo-monkey
+	$(FUZZBUILD)/bin/korvo-monkey --minutes $(MONKEY_MINUTES) --keep monkey-failures
 
 clean:
 	rm -rf $(BUILD) $(BUILD)-bench $(FUZZBUILD)
