@@ -14,9 +14,11 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QCursor>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -128,8 +130,10 @@ QAction* frmBase::entrada(QMenu* menu, const char* nombre, int textId, bool punt
 
 void frmBase::orden(const std::function<void()>& f)
 {
+    // The command refreshes the window itself where it must (every load
+    // does); the boxes keep the places the command gave them.
     f();
-    refresh();
+    mostrar();
 }
 
 void frmBase::construirMenus()
@@ -343,8 +347,23 @@ void frmBase::construirLienzo()
     m_VSEtiq->setMaximum(5);
     // A thumb dragged along changes the label once, where it is let go.
     m_VSEtiq->setTracking(false);
-    connect(m_VSEtiq, &QScrollBar::valueChanged, this,
-            [this](int v) { orden([this, v] { m_files.cambioEtiqueta(v); }); });
+    connect(m_VSEtiq, &QScrollBar::valueChanged, this, [this](int v) {
+        // A press on an arrow is one step. The scroll bar lets go of the
+        // mouse at once, and the step is taken once its change is over: a
+        // question asked while it held the button would keep the release
+        // from it, and its auto-repeat would step on and ask again.
+        QMouseEvent suelta(QEvent::MouseButtonRelease, QPointF(), QPointF(), Qt::LeftButton,
+                           Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_VSEtiq, &suelta);
+        QMetaObject::invokeMethod(
+            this,
+            [this, v] {
+                // A step overtaken by the selector being put back is void.
+                if (m_VSEtiq->value() == v && m_files.controles.VSEtiq != v)
+                    orden([this, v] { m_files.cambioEtiqueta(v); });
+            },
+            Qt::QueuedConnection);
+    });
 
     const auto tamano = [&](const char* caption, const char* valor, const char* barra, double y,
                             QLabel*& lbl, QLineEdit*& txt, QScrollBar*& vs) {
@@ -488,13 +507,15 @@ void frmBase::refresh()
     for (const auto& [accion, id] : m_tips)
         accion->setToolTip(T(id));
     m_convertir->setToolTip(total ? T(1341) : T(1340));
+    m_panelTipo->setText(total ? T(1310) : T(1317));
+    m_files.completarLblNombre();
+    mostrar();
+}
+
+void frmBase::mostrar()
+{
     m_mnuEtiquetaPeso->setChecked(m_editor.mnuEtiquetaPesoChecked);
     m_mnuFondoParrilla->setChecked(m_editor.fondo.parrilla);
-
-    m_panelTipo->setText(total ? T(1310) : T(1317));
-    // The label line is left as it is while the label has no name.
-    if (!m_files.controles.TxtNomEtiq.isEmpty())
-        m_files.controles.lblNombre = m_files.textoLblNombre(m_files.controles.TxtNomEtiq);
     m_lblNombre->setText(m_files.controles.lblNombre);
 
     for (int i = 0; i <= 15; ++i) {

@@ -102,6 +102,9 @@ private:
     void construirToolbar();
     void construirLienzo();
     void situarLienzo();
+    // The widgets show the model as the commands left it: no caption is
+    // rewritten and no box is moved to its record.
+    void mostrar();
     void mostrarEstado();
     void pulsarModelo();
     // Runs a command, then shows what it left.
