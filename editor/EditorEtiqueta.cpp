@@ -7,6 +7,8 @@
 #include "Posicion.h"
 #include "RuntimeError.h"
 
+#include <algorithm>
+
 using namespace Coordenadas;
 
 EditorEtiqueta::EditorEtiqueta(ModBase& mb, UserInteraction& ui, FileCommands& files,
@@ -59,6 +61,28 @@ void EditorEtiqueta::cargarSuperficie()
         throw RuntimeError::typeMismatch();
     cambioVSVer(ancho);
     m_mb.Modificado = false;
+}
+
+void EditorEtiqueta::cargarVentana(int primera)
+{
+    cargarSuperficie();
+    if (!m_mb.NombreEtiqueta.isEmpty())
+        m_files.cambioNombre(decodeFor(m_mb.Idioma, m_mb.NombreEtiqueta));
+    m_mb.Modificado = false;
+    m_files.IniciaLineas();
+    ControlesBase& c = m_files.controles;
+    c.VSEtiqMin = primera;
+    c.VSEtiq = std::max(primera, m_mb.NumEtiqueta.toInt());
+    c.TxtNumEtiq = QString::number(c.VSEtiq);
+}
+
+void EditorEtiqueta::pulsarCompatibilidad()
+{
+    if (!m_files.pulsarCompatibilidad())
+        return;
+    PaintFormLoad();
+    for (int n = 26; n <= 36; ++n)
+        MostrarCampo(n);
 }
 
 void EditorEtiqueta::cambioVSVer(int valor)

@@ -98,6 +98,15 @@ public:
     static constexpr double kPaletaAnchoTwips = 2535;
     static constexpr double kPaletaAltoTwips = 307;
 
+    // --- the window's load, once its controls stand: the surface, the name
+    // box from the label, the empty set, the selector at the label's number
+    // from `primera` on; the label counts as unchanged.
+    void cargarVentana(int primera);
+    // The mouse went down on the model check box: the switch, then the
+    // palette laid out for the model and the fields the old model lacks
+    // taken off the surface.
+    void pulsarCompatibilidad();
+
     // --- surface (set-up, spin control, repaint)
     // The surface's part of the window's load, after the tool bar: size
     // from the spin controls, the background of cfg.ini, then VSVer takes

@@ -321,6 +321,12 @@ void FileCommands::NuevoConjunto()
     m_view.mostrarCargaTXL();
 }
 
+void FileCommands::menuNueva()
+{
+    NuevoConjunto();
+    Actualiza();
+}
+
 void FileCommands::Abrir_Eti()
 {
     // Unlike the other commands, a Yes saves and stops: the person gives the

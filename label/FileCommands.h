@@ -75,6 +75,8 @@ public:
     void GuardaConjunto();
     void GuardaEtiComo();
     void NuevoConjunto();
+    // The menu entry Nueva: unlike the tool bar's button, it runs Actualiza.
+    void menuNueva();
 
     void Abrir_Eti();
     void CargarEti2();

@@ -3,7 +3,6 @@
 #include "Arranque.h"
 #include "Catalogo.h"
 #include "CatalogoCampos.h"
-#include "CodePage.h"
 #include "Cuadro.h"
 #include "Dialogos.h"
 #include "Iconos.h"
@@ -106,14 +105,7 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
         idioma->setChecked(true);
     construirToolbar();
     construirLienzo();
-    m_editor.cargarSuperficie();
-    if (!m_mb.NombreEtiqueta.isEmpty())
-        m_files.cambioNombre(decodeFor(m_mb.Idioma, m_mb.NombreEtiqueta));
-    m_mb.Modificado = false;
-    m_files.IniciaLineas();
-    m_files.controles.VSEtiqMin = minimo;
-    m_files.controles.VSEtiq = std::max(minimo, m_mb.NumEtiqueta.toInt());
-    m_files.controles.TxtNumEtiq = QString::number(m_files.controles.VSEtiq);
+    m_editor.cargarVentana(minimo);
     refresh();
 }
 
@@ -159,11 +151,7 @@ void frmBase::construirMenus()
 
     QMenu* etiqueta = menu("mnuEtiqueta", 1293);
     QAction* nueva = entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
-    connect(nueva, &QAction::triggered, this, [this] {
-        // Unlike the tool bar's button, the menu entry runs the common tail.
-        m_files.NuevoConjunto();
-        m_files.Actualiza();
-    });
+    connect(nueva, &QAction::triggered, this, [this] { orden([this] { m_files.menuNueva(); }); });
     QAction* enviar = entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
     connect(enviar, &QAction::triggered, this,
             [this] { orden([this] { mostrarFrmConfig(m_mb, m_ui, this); }); });
@@ -393,7 +381,7 @@ void frmBase::construirLienzo()
     m_ChkCompatibilidad = new CasillaModelo(QStringLiteral("Sirel V: 1X-Y??"), m_lienzo);
     m_ChkCompatibilidad->setObjectName(QStringLiteral("ChkCompatibilidad"));
     m_ChkCompatibilidad->setGeometry(rectMm(x, 38.5, kPaletaAnchoMm, 5.5));
-    m_ChkCompatibilidad->alPulsar = [this] { pulsarModelo(); };
+    m_ChkCompatibilidad->alPulsar = [this] { orden([this] { m_editor.pulsarCompatibilidad(); }); };
 
     for (int i = 0; i <= 15; ++i) {
         QPushButton* b = new QPushButton(m_lienzo);
@@ -558,19 +546,6 @@ void frmBase::mostrarEstado()
     const Superficie& s = m_editor.superficie;
     m_panelX->setText(s.panelX.isEmpty() ? QStringLiteral("X: ") : s.panelX);
     m_panelY->setText(s.panelY.isEmpty() ? QStringLiteral("Y: ") : s.panelY);
-}
-
-void frmBase::pulsarModelo()
-{
-    if (m_files.pulsarCompatibilidad()) {
-        // The switch's surface part: the palette laid out for the model,
-        // and the lot and free texts 6 to 15, reset by the switch to the
-        // old model, taken off the surface.
-        m_editor.PaintFormLoad();
-        for (int n = 26; n <= 36; ++n)
-            m_editor.MostrarCampo(n);
-    }
-    refresh();
 }
 
 void frmBase::mostrarCargaTXL()

@@ -106,7 +106,6 @@ private:
     // rewritten and no box is moved to its record.
     void mostrar();
     void mostrarEstado();
-    void pulsarModelo();
     // Runs a command, then shows what it left.
     void orden(const std::function<void()>& f);
     bool sobreCajaTexto(const QPoint& global) const;
