@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolTip>
 #include <QToolBar>
 #include <QtTest>
@@ -420,6 +421,7 @@ private slots:
         QTest::newRow("save asks for a file") << "Guardar" << false << QList<Answer>{} << "save";
         QTest::newRow("open asks for a file") << "Abrir" << false << QList<Answer>{} << "open";
         QTest::newRow("exit") << "Salir" << true << QList<Answer>{Answer::No} << "closed";
+        QTest::newRow("new label") << "Nueva" << false << QList<Answer>{} << "new";
     }
 
     void toolbar()
@@ -431,8 +433,17 @@ private slots:
         abrir();
         bool cerrado = false;
         connect(m_w.get(), &frmBase::cerrado, this, [&] { cerrado = true; });
+        poner(11, 20, 20);
         m_mb->Modificado = modificado;
         m_ui.answers = respuestas;
+        // The new label's dialog, answered as it stands on the screen.
+        QTimer dialogo;
+        connect(&dialogo, &QTimer::timeout, this, [&] {
+            QWidget* d = QApplication::activeModalWidget();
+            if (d && d->objectName() == "frmCargaTXL" && d->isVisible())
+                QTest::mouseClick(d->findChild<QPushButton*>("OKButton"), Qt::LeftButton);
+        });
+        dialogo.start(20);
         QAction* a = hijo<QAction>(clave);
         QVERIFY(!a->icon().isNull());
         QVERIFY(!a->toolTip().isEmpty());
@@ -451,6 +462,10 @@ private slots:
             QVERIFY(m_ui.log.filter(efecto + ": ").size() == 1);
         } else if (efecto == "closed") {
             QVERIFY(cerrado);
+        } else if (efecto == "new") {
+            // The new label has no fields, and the surface shows none.
+            QCOMPARE(m_mb->Campos(11).Presente, QByteArray("0"));
+            QCOMPARE(cuadro()->cajaEn(en(21, 21)), -1);
         }
     }
 };

@@ -123,9 +123,16 @@ QAction* frmBase::entrada(QMenu* menu, const char* nombre, int textId, bool punt
 void frmBase::orden(const std::function<void()>& f)
 {
     // The command refreshes the window itself where it must (every load
-    // does); the boxes keep the places the command gave them.
+    // does), and the boxes keep the places it gave them. A dialog of the
+    // label that stood over the window leaves it to be drawn anew, by the
+    // whole repaint, once the command is over.
+    m_dialogoCerrado = false;
     f();
-    mostrar();
+    if (m_dialogoCerrado)
+        refresh();
+    else
+        mostrar();
+    m_dialogoCerrado = false;
 }
 
 void frmBase::construirMenus()
@@ -552,6 +559,7 @@ void frmBase::mostrarCargaTXL()
 {
     frmCargaTXL dialog(m_mb, isVisible() ? this : nullptr);
     dialog.exec();
+    m_dialogoCerrado = true;
 }
 
 void frmBase::repintarCuadro()
@@ -562,13 +570,29 @@ void frmBase::repintarCuadro()
 
 void frmBase::repintarVentana() { refresh(); }
 
-void frmBase::mostrarTXL() { mostrarFrmTXL(m_mb, this); }
+void frmBase::mostrarTXL()
+{
+    mostrarFrmTXL(m_mb, this);
+    m_dialogoCerrado = true;
+}
 
-void frmBase::mostrarDES() { mostrarFrmDES(m_mb, this); }
+void frmBase::mostrarDES()
+{
+    mostrarFrmDES(m_mb, this);
+    m_dialogoCerrado = true;
+}
 
-void frmBase::mostrarBorrar() { mostrarFrmBorrar(m_mb, this); }
+void frmBase::mostrarBorrar()
+{
+    mostrarFrmBorrar(m_mb, this);
+    m_dialogoCerrado = true;
+}
 
-void frmBase::mostrarTXF(int numero) { mostrarFrmTXF(m_mb, numero, this); }
+void frmBase::mostrarTXF(int numero)
+{
+    mostrarFrmTXF(m_mb, numero, this);
+    m_dialogoCerrado = true;
+}
 
 void frmBase::abrirMenu(MenuEmergente menu)
 {

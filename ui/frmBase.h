@@ -118,6 +118,8 @@ private:
     FileCommands m_files;
     EditorEtiqueta m_editor;
     std::function<void()> m_acerca;
+    // A dialog of the label was shown during the command that runs.
+    bool m_dialogoCerrado = false;
 
     QList<Entrada> m_entradas;
     QList<QPair<QMenu*, int>> m_menus;
