@@ -37,7 +37,9 @@ int16_t redondear(double v);
 // axis. The pointer stands at the centre of the pixel under it; when that
 // centre is exactly a half unit it stands a quarter pixel before it. So no
 // pointer sits on a half unit, and a position and the same position moved
-// by whole units round alike: a click never moves a box, at any scale.
+// by whole units round alike: the grip in a box at a whole left and the
+// pointer on the surface agree, and a click never moves the box, at any
+// scale.
 double unidadesDePixel(double pixel, double pixelesPorUnidad);
 
 } // namespace Coordenadas
