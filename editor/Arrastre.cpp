@@ -58,28 +58,47 @@ void EditorEtiqueta::pulsarCampo(int n, BotonRaton boton, double xTwips, double 
     ArrastreGrupo = true;
     const Caja& c = superficie.Imagen(n);
     GrupoArriba = redondear(c.top());
-    GrupoAbajo = redondearSimple(c.top() + c.height());
+    GrupoAbajo = redondear(c.top() + c.height());
     GrupoIzquierda = redondear(c.left());
-    GrupoDerecha = redondearSimple(c.left() + c.width());
+    GrupoDerecha = redondear(c.left() + c.width());
     for (int i = 1; i <= camposModelo(); ++i) {
         if (!m_mb.Campos(i).Seleccionado)
             continue;
         const Caja& s = superficie.Imagen(i);
         if (s.top() < GrupoArriba)
             GrupoArriba = redondear(s.top());
-        if (simple(s.top() + s.height()) > GrupoAbajo)
-            GrupoAbajo = redondearSimple(s.top() + s.height());
+        if (s.top() + s.height() > GrupoAbajo)
+            GrupoAbajo = redondear(s.top() + s.height());
         if (s.left() < GrupoIzquierda)
             GrupoIzquierda = redondear(s.left());
         // Compared with the bottom, not the right: a wide selection near the
         // top can leave the right edge at the pressed field's own. The
         // program has always done so and the layouts made with it rely on it.
-        if (simple(s.left() + s.width()) > GrupoAbajo)
-            GrupoDerecha = redondearSimple(s.left() + s.width());
+        if (s.left() + s.width() > GrupoAbajo)
+            GrupoDerecha = redondear(s.left() + s.width());
     }
 }
 
 void EditorEtiqueta::moverSobreCampo() { superficie.puntero = Puntero::Flecha; }
+
+EditorEtiqueta::Rect EditorEtiqueta::cajaCandidata(const Caja& w) const
+{
+    Rect r;
+    const int16_t dx = redondear(PunteroHor - AgarreHor);
+    const int16_t dy = redondear(PunteroVer - AgarreVer);
+    if (!ArrastreGrupo) {
+        r.L = dx;
+        r.T = dy;
+        r.R = redondear(w.width() + PunteroHor - AgarreHor);
+        r.B = redondear(w.height() + PunteroVer - AgarreVer);
+    } else {
+        r.L = redondear(dx - (w.left() - GrupoIzquierda));
+        r.T = redondear(dy - (w.top() - GrupoArriba));
+        r.R = redondear(GrupoDerecha - (w.width() + w.left()) + (PunteroHor + w.width() - AgarreHor));
+        r.B = redondear(GrupoAbajo - (w.height() + w.top()) + (PunteroVer + w.height() - AgarreVer));
+    }
+    return r;
+}
 
 void EditorEtiqueta::arrastrarSobreCuadro(int estado, double x, double y)
 {
@@ -87,22 +106,7 @@ void EditorEtiqueta::arrastrarSobreCuadro(int estado, double x, double y)
     PunteroVer = redondear(y);
     superficie.panelX = textoPanel("X", PunteroHor);
     superficie.panelY = textoPanel("Y", PunteroVer);
-
-    const Caja& a = superficie.Imagen(CampoActivo);
-    Rect r;
-    if (!ArrastreGrupo) {
-        r.L = redondear(PunteroHor - AgarreHor);
-        r.T = redondear(PunteroVer - AgarreVer);
-        r.R = redondearSimple(a.width() + PunteroHor - AgarreHor);
-        r.B = redondearSimple(a.height() + PunteroVer - AgarreVer);
-    } else {
-        r.L = redondearSimple((PunteroHor - AgarreHor) - simple(a.left() - GrupoIzquierda));
-        r.T = redondearSimple((PunteroVer - AgarreVer) - simple(a.top() - GrupoArriba));
-        r.R = redondearSimple(GrupoDerecha - simple(a.width() + a.left()) +
-                              simple(PunteroHor + a.width() - AgarreHor));
-        r.B = redondearSimple(GrupoAbajo - simple(a.height() + a.top()) +
-                              simple(PunteroVer + a.height() - AgarreVer));
-    }
+    const Rect r = cajaCandidata(superficie.Imagen(CampoActivo));
     if (estado == 1) {
         superficie.puntero = Puntero::NoSoltar;
         FueraDeLimites = true;
@@ -111,8 +115,10 @@ void EditorEtiqueta::arrastrarSobreCuadro(int estado, double x, double y)
         if (estado == 0)
             superficie.puntero = Puntero::Flecha;
     }
-    // The limits decide in every state, also on leaving.
-    fijarLimites(dentroDeLimites(r, simple(superficie.altoExterior * 9 / 10)));
+    // The limits decide in every state, also on leaving. The outer height
+    // is held in single precision, and so is its ninth part by ten: the
+    // value of VSVer.
+    fijarLimites(dentroDeLimites(r, superficie.altoExterior * 9 / 10));
 }
 
 void EditorEtiqueta::arrastrarSobreCampo(int k, double xTwips, double yTwips)
@@ -127,21 +133,7 @@ void EditorEtiqueta::arrastrarSobreCampo(int k, double xTwips, double yTwips)
         superficie.panelX = textoPanel("X", PunteroHor);
         superficie.panelY = textoPanel("Y", PunteroVer);
     }
-    Rect r;
-    if (!ArrastreGrupo) {
-        r.L = redondear(PunteroHor - AgarreHor);
-        r.T = redondear(PunteroVer - AgarreVer);
-        r.R = redondearSimple(w.width() + PunteroHor - AgarreHor);
-        r.B = redondearSimple(w.height() + PunteroVer - AgarreVer);
-    } else {
-        r.L = redondearSimple((PunteroHor - AgarreHor) - simple(w.left() - GrupoIzquierda));
-        r.T = redondearSimple((PunteroVer - AgarreVer) - simple(w.top() - GrupoArriba));
-        r.R = redondearSimple(GrupoDerecha - simple(w.width() + w.left()) +
-                              simple(PunteroHor + w.width() - AgarreHor));
-        r.B = redondearSimple(GrupoAbajo - simple(w.height() + w.top()) +
-                              simple(PunteroVer + w.height() - AgarreVer));
-    }
-    fijarLimites(dentroDeLimites(r, VSVer()));
+    fijarLimites(dentroDeLimites(cajaCandidata(w), VSVer()));
 }
 
 void EditorEtiqueta::soltar(int ultimoCampo)
@@ -151,19 +143,19 @@ void EditorEtiqueta::soltar(int ultimoCampo)
     if (!FueraDeLimites) {
         if (ArrastreGrupo) {
             const Caja& a = superficie.Imagen(CampoActivo);
-            const int16_t dx = redondearSimple((PunteroHor - AgarreHor) - a.left());
-            const int16_t dy = redondearSimple((PunteroVer - AgarreVer) - a.top());
+            const int16_t dx = redondear((PunteroHor - AgarreHor) - a.left());
+            const int16_t dy = redondear((PunteroVer - AgarreVer) - a.top());
             for (int i = 1; i <= ultimoCampo; ++i) {
                 Campo& c = m_mb.Campos(i);
                 if (!c.Seleccionado)
                     continue;
                 Caja& caja = superficie.Imagen(i);
-                caja.move(simple(caja.left() + dx), simple(caja.top() + dy));
+                caja.move(caja.left() + dx, caja.top() + dy);
                 // The record takes the delta a second time, from the box as it
                 // now stands; the next CargarImagen puts the boxes where the
                 // records say. Layouts saved this way depend on it.
-                c.PosHor = redondearSimple(caja.left() + dx);
-                c.PosVer = redondearSimple(caja.top() + dy);
+                c.PosHor = redondear(caja.left() + dx);
+                c.PosVer = redondear(caja.top() + dy);
                 c.TextoHor = textoPosicionEntero(c.PosHor);
                 c.TextoVer = textoPosicionEntero(c.PosVer);
             }
@@ -224,11 +216,11 @@ void EditorEtiqueta::PosicionarCampo(int campo)
     Campo& c = m_mb.Campos(campo);
     Caja& caja = superficie.Imagen(campo);
     TamanoImagen(campo, tamanoDe(campo));
-    if (simple(m_mb.NuevoCampoHor + caja.width()) > 53.0)
-        m_mb.NuevoCampoHor = redondearSimple(53 - caja.width());
+    if (m_mb.NuevoCampoHor + caja.width() > 53.0)
+        m_mb.NuevoCampoHor = redondear(53 - caja.width());
     const double alto = valorTexto(m_mb.AnchoEtiqueta);
-    if (simple(m_mb.NuevoCampoVer + caja.height()) > alto)
-        m_mb.NuevoCampoVer = redondearSimple(alto - caja.height());
+    if (m_mb.NuevoCampoVer + caja.height() > alto)
+        m_mb.NuevoCampoVer = redondear(alto - caja.height());
     // No lower bound: the surface's click keeps a point above 3 and 8, and
     // after a command it is (0, 0), the corner over the band.
     caja.move(m_mb.NuevoCampoHor, m_mb.NuevoCampoVer);
@@ -269,4 +261,62 @@ void EditorEtiqueta::InicializarSituacion(int campo, int hor, int ver)
     Campo& c = m_mb.Campos(campo);
     if (cur > c.PosVer)
         c.PosVer = static_cast<int16_t>(cur);
+}
+
+double EditorEtiqueta::twipsHorEn(int k, double x) const
+{
+    return twipsDeMm(mmDeUnidadesHor(x - superficie.Imagen(k).left()));
+}
+
+double EditorEtiqueta::twipsVerEn(int k, double y) const
+{
+    return twipsDeMm(mmDeUnidadesVer(y - superficie.Imagen(k).top()));
+}
+
+void EditorEtiqueta::pulsar(int k, BotonRaton boton, double x, double y)
+{
+    if (k < 0) {
+        pulsarCuadro(boton, x, y);
+        return;
+    }
+    pulsarCampo(k, boton, twipsHorEn(k, x), twipsVerEn(k, y));
+    if (arrastrando) {
+        // The drag begins over the pressed box itself.
+        arrastreSobre = Bajo::Fuera;
+        arrastrarA(true, k, x, y);
+    }
+}
+
+void EditorEtiqueta::arrastrarA(bool dentro, int k, double x, double y)
+{
+    const Bajo bajo = !dentro ? Bajo::Fuera : k >= 0 ? Bajo::Caja : Bajo::Superficie;
+    // The bare surface hears the pointer come in (0), move (2) and go out (1).
+    if (arrastreSobre == Bajo::Superficie && bajo != Bajo::Superficie)
+        arrastrarSobreCuadro(1, x, y);
+    if (bajo == Bajo::Superficie)
+        arrastrarSobreCuadro(arrastreSobre == Bajo::Superficie ? 2 : 0, x, y);
+    else if (bajo == Bajo::Caja)
+        arrastrarSobreCampo(k, twipsHorEn(k, x), twipsVerEn(k, y));
+    arrastreSobre = bajo;
+    arrastreHor = x;
+    arrastreVer = y;
+}
+
+void EditorEtiqueta::soltarEn(bool dentro, int k, double x, double y, bool sobreCajaTexto)
+{
+    // The pointer reached the release point before being let go.
+    arrastrarA(dentro, k, x, y);
+    const Bajo bajo = arrastreSobre;
+    arrastreSobre = Bajo::Fuera;
+    if (bajo == Bajo::Caja) {
+        soltarEnCampo(k, twipsHorEn(k, x), twipsVerEn(k, y));
+    } else if (bajo == Bajo::Superficie) {
+        soltarEnCuadro(x, y);
+    } else if (sobreCajaTexto) {
+        soltarEnCajaTexto();
+    } else {
+        // Let go where nothing takes a drop: the drag is over, nothing moves.
+        arrastrando = false;
+        m_view.repintarCuadro();
+    }
 }

@@ -7,6 +7,8 @@
 #include "Posicion.h"
 #include "RuntimeError.h"
 
+#include <algorithm>
+
 using namespace Coordenadas;
 
 EditorEtiqueta::EditorEtiqueta(ModBase& mb, UserInteraction& ui, FileCommands& files,
@@ -32,14 +34,26 @@ int EditorEtiqueta::tamanoDe(int campo) const
     return static_cast<int>(valorTexto(m_mb.Campos(campo).Tamano));
 }
 
-void EditorEtiqueta::cargarSuperficie()
+void EditorEtiqueta::ajustarSuperficie()
 {
     Superficie& s = superficie;
-    s.altoExterior = simple(mmDeUnidadesVer(VSVer()));
-    s.anchoExterior = simple(mmDeUnidadesHor(s.VSHor));
-    s.largoRegla = simple(mmDeUnidadesVer(VSVer()) + 1.0);
-    s.altoEscala = VSVer();
-    s.anchoEscala = s.VSHor;
+    const int valor = VSVer();
+    s.TxtValorVer = QString::number(valor);
+    s.altoExterior = Single(mmDeUnidadesVer(valor));
+    s.anchoExterior = Single(mmDeUnidadesHor(s.VSHor));
+    s.largoRegla = Single(mmDeUnidadesVer(valor) + 1.0);
+    s.altoEscala = Single(valor);
+    s.anchoEscala = Single(s.VSHor);
+    const Single fondoLineas = factorVertical() * valor;
+    const Single izquierda(2.8), arriba(7.7);
+    s.Line5 = {izquierda, arriba, izquierda, fondoLineas};
+    s.Line6 = {izquierda, arriba, Single(53.1), arriba};
+    s.Line7 = {Single(53), arriba, Single(53), fondoLineas};
+}
+
+void EditorEtiqueta::cargarSuperficie()
+{
+    ajustarSuperficie();
     fondo.cargarInicial();
     bool ok = false;
     const int ancho = m_mb.AnchoEtiqueta.toInt(&ok);
@@ -49,18 +63,35 @@ void EditorEtiqueta::cargarSuperficie()
     m_mb.Modificado = false;
 }
 
+void EditorEtiqueta::cargarVentana(int primera)
+{
+    cargarSuperficie();
+    if (!m_mb.NombreEtiqueta.isEmpty())
+        m_files.cambioNombre(decodeFor(m_mb.Idioma, m_mb.NombreEtiqueta));
+    m_mb.Modificado = false;
+    m_files.IniciaLineas();
+    ControlesBase& c = m_files.controles;
+    c.VSEtiqMin = primera;
+    c.VSEtiq = std::max(primera, m_mb.NumEtiqueta.toInt());
+    c.TxtNumEtiq = QString::number(c.VSEtiq);
+}
+
+void EditorEtiqueta::pulsarCompatibilidad()
+{
+    if (!m_files.pulsarCompatibilidad())
+        return;
+    PaintFormLoad();
+    for (int n = 26; n <= 36; ++n)
+        MostrarCampo(n);
+}
+
 void EditorEtiqueta::cambioVSVer(int valor)
 {
     if (valor < 1 || valor > 99)
         throw RuntimeError(380, QStringLiteral("Invalid property value"));
     m_files.controles.VSVer = valor;
-    Superficie& s = superficie;
-    s.TxtValorVer = QString::number(valor);
-    s.altoExterior = simple(mmDeUnidadesVer(valor));
-    s.altoEscala = valor;
-    s.anchoEscala = s.VSHor;
-    s.largoRegla = simple(mmDeUnidadesVer(valor) + 1.0);
-    m_mb.AnchoEtiqueta = s.TxtValorVer.toLatin1();
+    ajustarSuperficie();
+    m_mb.AnchoEtiqueta = superficie.TxtValorVer.toLatin1();
     // The bands keep their length until next shown, and the boxes are
     // neither moved nor checked: a field may now stand below the edge.
     m_mb.Modificado = true;
@@ -101,9 +132,22 @@ void EditorEtiqueta::captionsCatalogo()
 void EditorEtiqueta::colocarBandas()
 {
     Superficie& s = superficie;
-    const double alto = simple(VSVer() + 0.3);
-    s.Shape2 = {0, 0, 3, alto, true};
-    s.Shape3 = {simple(53.1), 0, simple(4.1), alto, true};
+    const Single alto(VSVer() + 0.3);
+    s.Shape2 = {Single(0), Single(0), Single(3), alto, true};
+    s.Shape3 = {Single(53.1), Single(0), Single(4.1), alto, true};
+}
+
+void EditorEtiqueta::captionTXF(int i)
+{
+    const QByteArray& texto = m_mb.TextoFijo(i - 1);
+    EtiquetaTXF& l = superficie.lblTXF(i);
+    if (!texto.isEmpty() && texto != QByteArray(25, ' ')) {
+        l.caption = decodeFor(m_mb.Idioma, texto);
+        l.centrado = false;
+    } else {
+        l.caption = QString::number(i) + QStringLiteral(" ") + m_mb.Textos(1336);
+        l.centrado = true;
+    }
 }
 
 void EditorEtiqueta::repintar()
@@ -111,22 +155,9 @@ void EditorEtiqueta::repintar()
     Superficie& s = superficie;
     captionsCatalogo();
     CargarImagen();
-
     // The loads set VSVer without its change running; the surface follows
     // the value here, as the window's refresh does after every load.
-    if (s.altoEscala != VSVer()) {
-        s.TxtValorVer = QString::number(VSVer());
-        s.altoExterior = simple(mmDeUnidadesVer(VSVer()));
-        s.altoEscala = VSVer();
-        s.anchoEscala = s.VSHor;
-        s.largoRegla = simple(mmDeUnidadesVer(VSVer()) + 1.0);
-    }
-
-    const double factor = simple(10.0 / 9.0);
-    const double fondoLineas = simple(factor * VSVer());
-    s.Line5 = {simple(2.8), simple(7.7), simple(2.8), fondoLineas};
-    s.Line6 = {simple(2.8), simple(7.7), simple(53.1), simple(7.7)};
-    s.Line7 = {53, simple(7.7), 53, fondoLineas};
+    ajustarSuperficie();
 
     if (m_mb.Sombreado != 1) {
         s.Shape2.visible = false;
@@ -134,19 +165,8 @@ void EditorEtiqueta::repintar()
     } else {
         colocarBandas();
     }
-
-    const QByteArray blancos(25, ' ');
-    for (int i = 1; i <= 2; ++i) {
-        const QByteArray& texto = m_mb.TextoFijo(i - 1);
-        EtiquetaTXF& l = s.lblTXF(i);
-        if (!texto.isEmpty() && texto != blancos) {
-            l.caption = decodeFor(m_mb.Idioma, texto);
-            l.centrado = false;
-        } else {
-            l.caption = QString::number(i) + QStringLiteral(" ") + m_mb.Textos(1336);
-            l.centrado = true;
-        }
-    }
+    for (int i = 1; i <= 2; ++i)
+        captionTXF(i);
 }
 
 void EditorEtiqueta::clicMnuBandas()

@@ -80,6 +80,11 @@ public:
     int16_t TXFActivo = 0;
     // A box is being dragged: between a left press on a field and its drop.
     bool arrastrando = false;
+    // What the dragged box is over, and the pointer in surface units, which
+    // the outline of the dragged box follows.
+    enum class Bajo { Fuera, Superficie, Caja };
+    Bajo arrastreSobre = Bajo::Fuera;
+    double arrastreHor = 0, arrastreVer = 0;
 
     // --- menus and palette, as prepared when they open
     BoundedArray<EntradaMenu, 0, 9> mnuDES;
@@ -92,6 +97,15 @@ public:
     static constexpr double kPaletaLeftTwips = 240;
     static constexpr double kPaletaAnchoTwips = 2535;
     static constexpr double kPaletaAltoTwips = 307;
+
+    // --- the window's load, once its controls stand: the surface, the name
+    // box from the label, the empty set, the selector at the label's number
+    // from `primera` on; the label counts as unchanged.
+    void cargarVentana(int primera);
+    // The mouse went down on the model check box: the switch, then the
+    // palette laid out for the model and the fields the old model lacks
+    // taken off the surface.
+    void pulsarCompatibilidad();
 
     // --- surface (set-up, spin control, repaint)
     // The surface's part of the window's load, after the tool bar: size
@@ -113,6 +127,16 @@ public:
     void TamanoImagen(int campo, int tamano);
     void MostrarCampo(int campo);
     void CargarImagen();
+
+    // --- the mouse on the surface, at (x, y) in surface units, over box k
+    // (k < 0: the bare surface). A left press on a box begins its drag.
+    void pulsar(int k, BotonRaton boton, double x, double y);
+    // The held box is moved over box k (k < 0: the bare surface), or off the
+    // surface when `dentro` is false.
+    void arrastrarA(bool dentro, int k, double x, double y);
+    // The held box is let go there; off the surface, `sobreCajaTexto` says
+    // whether it was over one of the window's text boxes.
+    void soltarEn(bool dentro, int k, double x, double y, bool sobreCajaTexto);
 
     // --- placement and drag
     void pulsarCampo(int n, BotonRaton boton, double xTwips, double yTwips);
@@ -144,6 +168,8 @@ public:
     void pulsarCBDisplay(int indice);
     void ColocaDES();
     void ColocaTXL();
+    // The caption of fixed text label i (1 or 2) from its text.
+    void captionTXF(int i);
     void pulsarCuadro(BotonRaton boton, double x, double y);
     void prepararVisualiza();
     void prepararDerecho();
@@ -162,6 +188,18 @@ private:
     };
     // Whole surface units: the box may stand here while dragging.
     bool dentroDeLimites(const Rect& r, double limiteVertical) const;
+    // Where the box would stand: the dragged field alone or the selection's
+    // box, measured with box `w` (the dragged one over the surface, the one
+    // under the pointer over a field).
+    Rect cajaCandidata(const Caja& w) const;
+    // The pointer over box k, as twips from its top left.
+    double twipsHorEn(int k, double x) const;
+    double twipsVerEn(int k, double y) const;
+    // The surface's outer size, scale, ruler and guide lines follow VSVer.
+    void ajustarSuperficie();
+    // Places the fields that a dialog left pending, stacked at the left.
+    struct Pendientes;
+    void colocarPendientes(const Pendientes& p);
     void fijarLimites(bool permitido);
     void sigueCompanero(); // Imagen 0 under Imagen 11
     void soltar(int ultimoCampo); // what both drops share, on PunteroHor/Ver

@@ -62,7 +62,7 @@ void EditorEtiqueta::TamanoImagen(int campo, int tamano)
 
     // Tested against 52 and pushed back against 53: a box that ends between
     // the two is moved to end at 53 or just short of it.
-    if (simple(caja.left() + caja.width()) > 52.0) {
+    if (caja.left() + caja.width() > 52.0) {
         registro.PosHor = redondear((53.0 - caja.width()) / 1.0);
         caja.setLeft(registro.PosHor);
     }
@@ -99,5 +99,5 @@ void EditorEtiqueta::CargarImagen()
 void EditorEtiqueta::sigueCompanero()
 {
     const Caja& peso = superficie.Imagen(11);
-    superficie.Imagen(0).move(peso.left(), simple(peso.top() + peso.height()));
+    superficie.Imagen(0).move(peso.left(), peso.top() + peso.height());
 }

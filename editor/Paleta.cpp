@@ -78,67 +78,65 @@ void EditorEtiqueta::pulsarCBDisplay(int indice)
     m_files.Actualiza();
 }
 
-void EditorEtiqueta::ColocaDES()
-{
-    // A line already waiting at the origin may keep it, unless some other
-    // field waits there too: then every pending line is stacked.
-    bool bloqueado = false;
-    int primero = 0;
-    for (int i = 1; i <= camposModelo(); ++i) {
-        const Campo& c = m_mb.Campos(i);
-        if (c.Presente != "1" || c.PosHor != 0 || c.PosVer != 0)
-            continue;
-        if (i >= 11)
-            bloqueado = true;
-        else if (m_mb.DESPendiente(i) && primero == 0)
-            primero = i;
-        else if (!m_mb.DESPendiente(i))
-            bloqueado = true;
-    }
-    for (int i = bloqueado ? 1 : primero + 1; i <= 10; ++i) {
-        if (!m_mb.DESPendiente(i))
-            continue;
-        MostrarCampo(i);
-        // The repaint puts the fields stacked so far where their records
-        // say, so that the next one is stacked against them.
-        m_view.repintarVentana();
-        InicializarSituacion(i, 0, 0);
-        m_mb.DESPendiente(i) = false;
-    }
-    if (!bloqueado && primero != 0)
-        m_mb.DESPendiente(primero) = false;
-}
+// A group of fields that a dialog marks as pending: descriptive lines or
+// free texts, numbered 1 to `cuantos`.
+struct EditorEtiqueta::Pendientes {
+    int cuantos;
+    int (*campo)(int numero);      // the field of number n
+    int (*numero)(int campo);      // the number of a field, 0 if not of the group
+    bool& (*marca)(ModBase& mb, int numero);
+    // A field waiting at the point last pressed on the surface counts too,
+    // and the stacking starts from the field's own position, not the corner.
+    bool desdeElPunto;
+};
 
-void EditorEtiqueta::ColocaTXL()
+void EditorEtiqueta::colocarPendientes(const Pendientes& g)
 {
-    const int textos = m_mb.ModeloNuevo == 1 ? 15 : 5;
+    // One field already waiting may keep its place, unless some other field
+    // waits there too: then every pending one is stacked.
     bool bloqueado = false;
     int primero = 0;
     for (int i = 1; i <= camposModelo(); ++i) {
         const Campo& c = m_mb.Campos(i);
         const bool enOrigen = c.PosHor == 0 && c.PosVer == 0;
-        const bool enPunto = c.PosHor == m_mb.NuevoCampoHor && c.PosVer == m_mb.NuevoCampoVer;
+        const bool enPunto = g.desdeElPunto && c.PosHor == m_mb.NuevoCampoHor &&
+                             c.PosVer == m_mb.NuevoCampoVer;
         if (c.Presente != "1" || !(enOrigen || enPunto))
             continue;
-        const int t = textoLibreDeCampo(i);
-        if (t == 0 || t > textos)
+        const int n = g.numero(i);
+        if (n == 0 || n > g.cuantos)
             bloqueado = true;
-        else if (m_mb.TXLPendiente(t) && primero == 0)
-            primero = t;
-        else if (!m_mb.TXLPendiente(t))
+        else if (g.marca(m_mb, n) && primero == 0)
+            primero = n;
+        else if (!g.marca(m_mb, n))
             bloqueado = true;
     }
-    for (int t = bloqueado ? 1 : primero + 1; t <= textos; ++t) {
-        if (!m_mb.TXLPendiente(t))
+    for (int n = bloqueado ? 1 : primero + 1; n <= g.cuantos; ++n) {
+        if (!g.marca(m_mb, n))
             continue;
-        const int f = campoDeTextoLibre(t);
+        const int f = g.campo(n);
         MostrarCampo(f);
+        // The repaint puts the fields stacked so far where their records
+        // say, so that the next one is stacked against them.
         m_view.repintarVentana();
-        InicializarSituacion(f, m_mb.Campos(f).PosHor, m_mb.Campos(f).PosVer);
-        m_mb.TXLPendiente(t) = false;
+        const Campo& c = m_mb.Campos(f);
+        InicializarSituacion(f, g.desdeElPunto ? c.PosHor : 0, g.desdeElPunto ? c.PosVer : 0);
+        g.marca(m_mb, n) = false;
     }
     if (!bloqueado && primero != 0)
-        m_mb.TXLPendiente(primero) = false;
+        g.marca(m_mb, primero) = false;
+}
+
+void EditorEtiqueta::ColocaDES()
+{
+    colocarPendientes({10, [](int n) { return n; }, [](int f) { return f <= 10 ? f : 0; },
+                       [](ModBase& mb, int n) -> bool& { return mb.DESPendiente(n); }, false});
+}
+
+void EditorEtiqueta::ColocaTXL()
+{
+    colocarPendientes({m_mb.ModeloNuevo == 1 ? 15 : 5, campoDeTextoLibre, textoLibreDeCampo,
+                       [](ModBase& mb, int n) -> bool& { return mb.TXLPendiente(n); }, true});
     m_view.repintarVentana();
 }
 
@@ -271,14 +269,18 @@ void EditorEtiqueta::pulsarTXF(int n, BotonRaton boton)
     m_view.abrirMenu(MenuEmergente::Derecho2);
 }
 
-void EditorEtiqueta::clicMnuDerTXFEdit() { m_view.mostrarTXF(TXFActivo); }
+void EditorEtiqueta::clicMnuDerTXFEdit()
+{
+    m_view.mostrarTXF(TXFActivo);
+    // The labels show the lines the dialog left.
+    for (int i = 1; i <= 2; ++i)
+        captionTXF(i);
+}
 
 void EditorEtiqueta::clicMnuDerTXFborrar()
 {
     m_mb.TextoFijo(TXFActivo - 1).clear();
-    EtiquetaTXF& l = superficie.lblTXF(TXFActivo);
-    l.caption = QString::number(TXFActivo) + QStringLiteral(" ") + m_mb.Textos(1336);
-    l.centrado = true;
+    captionTXF(TXFActivo);
 }
 
 void EditorEtiqueta::clicMnuEtiquetaPeso()

@@ -50,3 +50,12 @@ Superficie::Superficie()
     for (int i = 1; i <= 2; ++i)
         lblTXF(i).caption = QString::number(i);
 }
+
+double Coordenadas::unidadesDePixel(double pixel, double pixelesPorUnidad)
+{
+    const double centro = (std::floor(pixel) + 0.5) / pixelesPorUnidad;
+    const double mitad = std::floor(centro) + 0.5;
+    if (std::abs(centro - mitad) < 1e-9)
+        return (std::floor(pixel) + 0.25) / pixelesPorUnidad;
+    return centro;
+}

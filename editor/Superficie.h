@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <cstdint>
+#include <type_traits>
 
 // The coordinates of the surface. Four systems are in use: window
 // millimetres (the layout of the main window), twips (pointer positions over
@@ -30,10 +31,56 @@ inline double twipsDeMm(double mm) { return mm * kTwipsPorMm; }
 // halves to the even number (12.5 gives 12, 13.5 gives 14). Beyond the range
 // of an i16 it is the program's overflow.
 int16_t redondear(double v);
-// The boxes, their sums and the factors are single-precision numbers: sums
-// are compared, and rounded, after being brought to single precision.
-inline double simple(double v) { return static_cast<double>(static_cast<float>(v)); }
-inline int16_t redondearSimple(double v) { return redondear(simple(v)); }
+
+// A pointer position, in pixels from the surface's top left, as surface
+// units, the surface being drawn at `pixelesPorUnidad` pixels a unit on that
+// axis. The pointer stands at the centre of the pixel under it; when that
+// centre is exactly a half unit it stands a quarter pixel before it. So no
+// pointer sits on a half unit, and a position and the same position moved
+// by whole units round alike: the grip in a box at a whole left and the
+// pointer on the surface agree, and a click never moves the box, at any
+// scale.
+double unidadesDePixel(double pixel, double pixelesPorUnidad);
+
+} // namespace Coordenadas
+
+// A number held in single precision, as the surface's sizes and positions
+// are: the result of every operation among such numbers and whole numbers is
+// brought to single precision at once, so 66.666664 x 9 / 10 is 60. With a
+// double the operation is made in double precision, and a double becomes a
+// Single only when it is stored in one.
+class Single {
+public:
+    constexpr Single() = default;
+    explicit Single(double v) : m_v(static_cast<float>(v)) {}
+    operator double() const { return m_v; }
+
+    friend Single operator+(Single a, Single b) { return Single(double(a.m_v) + b.m_v); }
+    friend Single operator-(Single a, Single b) { return Single(double(a.m_v) - b.m_v); }
+    friend Single operator*(Single a, Single b) { return Single(double(a.m_v) * b.m_v); }
+    friend Single operator/(Single a, Single b) { return Single(double(a.m_v) / b.m_v); }
+    template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
+    friend Single operator+(Single a, I b) { return a + Single(b); }
+    template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
+    friend Single operator+(I a, Single b) { return Single(a) + b; }
+    template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
+    friend Single operator-(Single a, I b) { return a - Single(b); }
+    template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
+    friend Single operator-(I a, Single b) { return Single(a) - b; }
+    template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
+    friend Single operator*(Single a, I b) { return a * Single(b); }
+    template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
+    friend Single operator/(Single a, I b) { return a / Single(b); }
+
+private:
+    float m_v = 0;
+};
+
+namespace Coordenadas {
+
+// The factor of the vertical axis, 10/9 worked out in double precision and
+// held in single.
+inline Single factorVertical() { return Single(10.0 / 9.0); }
 
 } // namespace Coordenadas
 
@@ -50,14 +97,14 @@ QByteArray textoPosicionExacto(int v);
 // precision; the left may be fractional (the centring makes it so).
 class Caja {
 public:
-    double left() const { return m_left; }
-    double top() const { return m_top; }
-    double width() const { return m_width; }
-    double height() const { return m_height; }
-    void setLeft(double v) { m_left = static_cast<float>(v); }
-    void setTop(double v) { m_top = static_cast<float>(v); }
-    void setWidth(double v) { m_width = static_cast<float>(v); }
-    void setHeight(double v) { m_height = static_cast<float>(v); }
+    Single left() const { return m_left; }
+    Single top() const { return m_top; }
+    Single width() const { return m_width; }
+    Single height() const { return m_height; }
+    void setLeft(double v) { m_left = Single(v); }
+    void setTop(double v) { m_top = Single(v); }
+    void setWidth(double v) { m_width = Single(v); }
+    void setHeight(double v) { m_height = Single(v); }
     void move(double left, double top)
     {
         setLeft(left);
@@ -71,19 +118,19 @@ public:
     bool rojo = false;  // red text: the field is in the multiple selection
 
 private:
-    float m_left = 0;
-    float m_top = 0;
-    float m_width = 0;
-    float m_height = 0;
+    Single m_left;
+    Single m_top;
+    Single m_width;
+    Single m_height;
 };
 
 // A filled rectangle or a line, in surface units.
 struct Banda {
-    double left = 0, top = 0, width = 0, height = 0;
+    Single left, top, width, height;
     bool visible = false;
 };
 struct Linea {
-    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    Single x1, y1, x2, y2;
 };
 
 // The pointer the drag asks for: the arrow, or the sign that the box may
@@ -118,11 +165,11 @@ struct Superficie {
 
     // Outer size in window mm, the scale in surface units, the length of
     // the vertical ruler in window mm.
-    double anchoExterior = Coordenadas::simple(kTwipsAnchoInicial / Coordenadas::kTwipsPorMm);
-    double altoExterior = Coordenadas::simple(kTwipsAltoInicial / Coordenadas::kTwipsPorMm);
-    double anchoEscala = 0;
-    double altoEscala = 0;
-    double largoRegla = 0;
+    Single anchoExterior{kTwipsAnchoInicial / Coordenadas::kTwipsPorMm};
+    Single altoExterior{kTwipsAltoInicial / Coordenadas::kTwipsPorMm};
+    Single anchoEscala;
+    Single altoEscala;
+    Single largoRegla;
 
     BoundedArray<Caja, 0, 36> Imagen;
     Banda Shape2; // the left band

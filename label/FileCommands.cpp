@@ -362,6 +362,12 @@ void FileCommands::NuevoConjunto()
     m_view.mostrarCargaTXL();
 }
 
+void FileCommands::menuNueva()
+{
+    NuevoConjunto();
+    Actualiza();
+}
+
 void FileCommands::Abrir_Eti()
 {
     // Unlike the other commands, a Yes saves and stops: the person gives the
@@ -465,11 +471,15 @@ void FileCommands::GuardaEti()
     m_mb.Modificado = false;
 }
 
-QString FileCommands::textoLblNombre(const QString& nombre) const
+void FileCommands::completarLblNombre()
 {
+    // With no name the line is left as it stands.
+    if (controles.TxtNomEtiq.isEmpty())
+        return;
     const TextTable& T = m_mb.Textos;
-    return nombre + QStringLiteral(" --- ") + (m_mb.TipoEtiqueta == "T" ? T(1310) : T(1317)) +
-           QStringLiteral(" --- ") + T(623) + QLatin1Char(' ') + controles.TxtNumEtiq;
+    controles.lblNombre = controles.TxtNomEtiq + QStringLiteral(" --- ") +
+                          (m_mb.TipoEtiqueta == "T" ? T(1310) : T(1317)) + QStringLiteral(" --- ") +
+                          T(623) + QLatin1Char(' ') + controles.TxtNumEtiq;
 }
 
 void FileCommands::Actualiza()
@@ -489,15 +499,15 @@ void FileCommands::Actualiza()
     const int numero = m_mb.NumEtiqueta.toInt(&ok);
     controles.VSEtiq = std::clamp(ok ? numero : controles.VSEtiqMin, controles.VSEtiqMin, 5);
     controles.TxtNumEtiq = QString::number(controles.VSEtiq);
-    if (!controles.TxtNomEtiq.isEmpty())
-        controles.lblNombre = textoLblNombre(controles.TxtNomEtiq);
+    completarLblNombre();
     m_view.refresh();
 }
 
 void FileCommands::cambioNombre(const QString& texto)
 {
     controles.TxtNomEtiq = texto;
-    controles.lblNombre = texto.isEmpty() ? texto : textoLblNombre(texto);
+    controles.lblNombre = texto;
+    completarLblNombre();
     m_mb.NombreEtiqueta = codificar(texto);
     m_mb.Modificado = true;
 }
@@ -519,8 +529,7 @@ void FileCommands::cambioEtiqueta(int valor)
         }
     }
     controles.TxtNumEtiq = QString::number(controles.VSEtiq);
-    if (!controles.TxtNomEtiq.isEmpty())
-        controles.lblNombre = textoLblNombre(controles.TxtNomEtiq);
+    completarLblNombre();
     m_mb.NumEtiqueta = codificar(controles.TxtNumEtiq);
 }
 
@@ -572,8 +581,7 @@ void FileCommands::cambiarModelo(bool nuevo)
     controles.VSEtiq = controles.VSEtiqMin;
     controles.TxtNumEtiq = QString::number(controles.VSEtiq);
     m_mb.NumEtiqueta = codificar(controles.TxtNumEtiq);
-    if (!controles.TxtNomEtiq.isEmpty())
-        controles.lblNombre = textoLblNombre(controles.TxtNomEtiq);
+    completarLblNombre();
     m_view.refresh();
 }
 

@@ -76,6 +76,8 @@ public:
     void GuardaConjunto();
     void GuardaEtiComo();
     void NuevoConjunto();
+    // The menu entry Nueva: unlike the tool bar's button, it runs Actualiza.
+    void menuNueva();
 
     void Abrir_Eti();
     void CargarEti2();
@@ -100,8 +102,9 @@ public:
     // May the window close? Asks about unsaved changes.
     bool consultaCierre();
 
-    // The label line: name, kind, number.
-    QString textoLblNombre(const QString& nombre) const;
+    // The label line: the name, the kind and the number, while the name box
+    // is not empty; with no name it is left as it is.
+    void completarLblNombre();
 
     // The lines of the store that a set file of the model in force holds.
     QList<QByteArray> lineasArchivo() const;

@@ -20,6 +20,8 @@ private slots:
     void conversiones();
     void redondeo_data();
     void redondeo();
+    void pixeles_data();
+    void pixeles();
     void altoSuperficie_data();
     void altoSuperficie();
     void cajas_data();
@@ -93,6 +95,36 @@ void TestEditor::redondeo()
     QCOMPARE(errorNumber([&] { r = Coordenadas::redondear(valor); }), error);
     if (!error)
         QCOMPARE(r, entero);
+}
+
+// A pixel stands for one point inside it, never on a half unit, at any
+// scale the surface is drawn: the grip in a box at a whole left and the
+// pointer over the surface then round alike, and a click moves nothing.
+void TestEditor::pixeles_data()
+{
+    QTest::addColumn<double>("pxPorUnidad");
+    QTest::newRow("10 across") << 10.0;
+    QTest::newRow("50/9 down") << 50.0 / 9;
+    QTest::newRow("5") << 5.0;
+    QTest::newRow("2.5") << 2.5;
+    QTest::newRow("7.5") << 7.5;
+    QTest::newRow("15") << 15.0;
+    QTest::newRow("100/9") << 100.0 / 9;
+}
+
+void TestEditor::pixeles()
+{
+    using namespace Coordenadas;
+    QFETCH(double, pxPorUnidad);
+    for (int p = 0; p < 60 * pxPorUnidad; ++p) {
+        const double u = unidadesDePixel(p, pxPorUnidad);
+        QVERIFY(u >= p / pxPorUnidad && u < (p + 1) / pxPorUnidad);
+        QCOMPARE(unidadesDePixel(p + 0.6, pxPorUnidad), u); // the same pixel
+        for (int left = 0; left <= 57; ++left) {
+            const double grip = unidadesHorDeTwips(twipsDeMm(mmDeUnidadesHor(u - left)));
+            QCOMPARE(redondear(u) - redondear(grip), left);
+        }
+    }
 }
 
 void TestEditor::altoSuperficie_data()
@@ -243,6 +275,7 @@ void TestEditor::textoExactoSigueLaConfiguracion()
 // (twips), then dragged to (x, y) in surface units.
 void TestEditor::limitesArrastre_data()
 {
+    QTest::addColumn<int>("largo"); // of the label
     QTest::addColumn<int>("campo");
     QTest::addColumn<QString>("tamano");
     QTest::addColumn<bool>("grupo");
@@ -251,35 +284,38 @@ void TestEditor::limitesArrastre_data()
     QTest::addColumn<int>("estado");
     QTest::addColumn<bool>("permitido");
     // Field 1 (45 x 3.33) at (10, 20), pressed at its top left.
-    QTest::newRow("left 8 stands") << 1 << "0" << false << 8.0 << 20.0 << 2 << true;
-    QTest::newRow("left 9 ends at 54") << 1 << "0" << false << 9.0 << 20.0 << 2 << false;
-    QTest::newRow("left 2 in the band") << 1 << "0" << false << 2.0 << 20.0 << 2 << false;
-    QTest::newRow("left 3 just clear") << 1 << "0" << false << 3.0 << 20.0 << 2 << true;
-    QTest::newRow("pointer 2.5 rounds to 2") << 1 << "0" << false << 2.5 << 20.0 << 2 << false;
-    QTest::newRow("pointer 3.5 rounds to 4") << 1 << "0" << false << 3.5 << 20.0 << 2 << true;
-    QTest::newRow("top 7") << 1 << "0" << false << 5.0 << 7.0 << 2 << false;
-    QTest::newRow("top 8") << 1 << "0" << false << 5.0 << 8.0 << 2 << true;
-    QTest::newRow("bottom 45.33 rounds to 45") << 1 << "0" << false << 5.0 << 42.0 << 2 << true;
-    QTest::newRow("bottom 46.33") << 1 << "0" << false << 5.0 << 43.0 << 2 << false;
-    QTest::newRow("double row ends at 47.56") << 1 << "1" << false << 5.0 << 42.0 << 2
+    QTest::newRow("left 8 stands") << 45 << 1 << "0" << false << 8.0 << 20.0 << 2 << true;
+    QTest::newRow("left 9 ends at 54") << 45 << 1 << "0" << false << 9.0 << 20.0 << 2 << false;
+    QTest::newRow("left 2 in the band") << 45 << 1 << "0" << false << 2.0 << 20.0 << 2 << false;
+    QTest::newRow("left 3 just clear") << 45 << 1 << "0" << false << 3.0 << 20.0 << 2 << true;
+    QTest::newRow("pointer 2.5 rounds to 2") << 45 << 1 << "0" << false << 2.5 << 20.0 << 2 << false;
+    QTest::newRow("pointer 3.5 rounds to 4") << 45 << 1 << "0" << false << 3.5 << 20.0 << 2 << true;
+    QTest::newRow("top 7") << 45 << 1 << "0" << false << 5.0 << 7.0 << 2 << false;
+    QTest::newRow("top 8") << 45 << 1 << "0" << false << 5.0 << 8.0 << 2 << true;
+    QTest::newRow("bottom 45.33 rounds to 45") << 45 << 1 << "0" << false << 5.0 << 42.0 << 2 << true;
+    QTest::newRow("bottom 46.33") << 45 << 1 << "0" << false << 5.0 << 43.0 << 2 << false;
+    QTest::newRow("60 label: bottom at 60") << 60 << 1 << "0" << false << 5.0 << 57.0 << 2 << true;
+    QTest::newRow("60 label: bottom at 61") << 60 << 1 << "0" << false << 5.0 << 58.0 << 2 << false;
+    QTest::newRow("double row ends at 47.56") << 45 << 1 << "1" << false << 5.0 << 42.0 << 2
                                                << false;
-    QTest::newRow("leaving, inside the limits") << 1 << "0" << false << 5.0 << 20.0 << 1 << true;
-    QTest::newRow("entering, outside") << 1 << "0" << false << 20.0 << 20.0 << 0 << false;
+    QTest::newRow("leaving, inside the limits") << 45 << 1 << "0" << false << 5.0 << 20.0 << 1 << true;
+    QTest::newRow("entering, outside") << 45 << 1 << "0" << false << 20.0 << 20.0 << 0 << false;
     // A group of field 12 (11 x 3.33) at (10, 20), pressed, and field 13
     // (14 wide) at (30, 30): the box runs from 10 to 44 across and 20 to 33
     // down.
-    QTest::newRow("group 7 left") << 12 << "0" << true << 3.0 << 20.0 << 2 << true;
-    QTest::newRow("group 8 left") << 12 << "0" << true << 2.0 << 20.0 << 2 << false;
-    QTest::newRow("group bottom at 45") << 12 << "0" << true << 10.0 << 32.0 << 2 << true;
-    QTest::newRow("group bottom at 46") << 12 << "0" << true << 10.0 << 33.0 << 2 << false;
-    QTest::newRow("group top at 8") << 12 << "0" << true << 10.0 << 8.0 << 2 << true;
-    QTest::newRow("group top at 7") << 12 << "0" << true << 10.0 << 7.0 << 2 << false;
-    QTest::newRow("group right at 53") << 12 << "0" << true << 19.0 << 20.0 << 2 << true;
-    QTest::newRow("group right at 54") << 12 << "0" << true << 20.0 << 20.0 << 2 << false;
+    QTest::newRow("group 7 left") << 45 << 12 << "0" << true << 3.0 << 20.0 << 2 << true;
+    QTest::newRow("group 8 left") << 45 << 12 << "0" << true << 2.0 << 20.0 << 2 << false;
+    QTest::newRow("group bottom at 45") << 45 << 12 << "0" << true << 10.0 << 32.0 << 2 << true;
+    QTest::newRow("group bottom at 46") << 45 << 12 << "0" << true << 10.0 << 33.0 << 2 << false;
+    QTest::newRow("group top at 8") << 45 << 12 << "0" << true << 10.0 << 8.0 << 2 << true;
+    QTest::newRow("group top at 7") << 45 << 12 << "0" << true << 10.0 << 7.0 << 2 << false;
+    QTest::newRow("group right at 53") << 45 << 12 << "0" << true << 19.0 << 20.0 << 2 << true;
+    QTest::newRow("group right at 54") << 45 << 12 << "0" << true << 20.0 << 20.0 << 2 << false;
 }
 
 void TestEditor::limitesArrastre()
 {
+    QFETCH(int, largo);
     QFETCH(int, campo);
     QFETCH(QString, tamano);
     QFETCH(bool, grupo);
@@ -288,6 +324,7 @@ void TestEditor::limitesArrastre()
     QFETCH(int, estado);
     QFETCH(bool, permitido);
     EditorEnv env;
+    env.editor.cambioVSVer(largo);
     env.poner(campo, 10, 20, tamano.toLatin1().constData(), grupo);
     if (grupo)
         env.poner(13, 30, 30, "0", true);

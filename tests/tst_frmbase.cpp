@@ -1,6 +1,7 @@
 #include "Catalogo.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
+#include "QtInteraction.h"
 #include "ScriptedInteraction.h"
 #include "frmBase.h"
 #include "frmSplash.h"
@@ -8,8 +9,12 @@
 #include <QLabel>
 
 #include <QAction>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -26,6 +31,32 @@ QStringList captions(const frmBase& w)
     }
     return out;
 }
+
+// The person at the screen: every question box that opens is answered with
+// the next answer, and with Cancel once they have run out; counts them.
+class Respondedor : public QObject {
+public:
+    explicit Respondedor(QList<QMessageBox::StandardButton> respuestas)
+        : m_respuestas(std::move(respuestas))
+    {
+        connect(&m_timer, &QTimer::timeout, this, [this] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box || !box->isVisible() || box == m_ultima)
+                return;
+            m_ultima = box;
+            ++preguntas;
+            const auto r = m_respuestas.isEmpty() ? QMessageBox::Cancel : m_respuestas.takeFirst();
+            QTest::mouseClick(box->button(r), Qt::LeftButton);
+        });
+        m_timer.start(20);
+    }
+    int preguntas = 0;
+
+private:
+    QList<QMessageBox::StandardButton> m_respuestas;
+    QTimer m_timer;
+    QPointer<QMessageBox> m_ultima;
+};
 
 } // namespace
 
@@ -96,6 +127,52 @@ private slots:
         QCOMPARE(w.isVisible(), !cerrada);
         QCOMPARE(ui.log.contains("save: " + m_mb->Textos(1316) + " (*.ose)|*.ose"), guardado);
         QCOMPARE(ui.answers.size(), 0);
+    }
+
+    // One press on the label selector's arrow, held longer than the scroll
+    // bar waits before it repeats, is one step and at most one question; Cancel
+    // puts the selector back and nothing more happens.
+    void selectorEtiqueta_data()
+    {
+        QTest::addColumn<bool>("modificado");
+        QTest::addColumn<QList<QMessageBox::StandardButton>>("respuestas");
+        QTest::addColumn<int>("paso"); // where the selector ends, from where it started
+        QTest::newRow("unchanged: one step") << false << QList<QMessageBox::StandardButton>{} << 1;
+        QTest::newRow("changed, no: one step")
+            << true << QList<QMessageBox::StandardButton>{QMessageBox::No} << 1;
+        QTest::newRow("changed, cancel: back")
+            << true << QList<QMessageBox::StandardButton>{QMessageBox::Cancel} << 0;
+    }
+
+    void selectorEtiqueta()
+    {
+        QFETCH(bool, modificado);
+        QFETCH(QList<QMessageBox::StandardButton>, respuestas);
+        QFETCH(int, paso);
+        QtInteraction ui;
+        frmBase w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        if (modificado)
+            QTest::keyClicks(w.findChild<QLineEdit*>("TxtNomEtiq"), "QUESO");
+        QCOMPARE(m_mb->Modificado, modificado);
+        QScrollBar* vs = w.findChild<QScrollBar*>("VSEtiq");
+        const int inicial = vs->value();
+        const QByteArray numero = m_mb->NumEtiqueta;
+
+        Respondedor persona(respuestas);
+        const QPoint flecha(vs->width() / 2, vs->height() - 4); // the down arrow
+        QTest::mousePress(vs, Qt::LeftButton, {}, flecha);
+        QTest::qWait(800); // past the scroll bar's wait before it repeats
+        QTest::mouseRelease(vs, Qt::LeftButton, {}, flecha);
+        QTest::qWait(300);
+
+        QCOMPARE(persona.preguntas, modificado ? 1 : 0);
+        QCOMPARE(vs->value(), inicial + paso);
+        QCOMPARE(w.findChild<QLineEdit*>("TxtNumEtiq")->text(), QString::number(inicial + paso));
+        QCOMPARE(m_mb->NumEtiqueta, paso ? QByteArray::number(inicial + paso) : numero);
+        // Cancel keeps the label as it was, changes and all.
+        QCOMPARE(m_mb->Modificado, modificado && !paso);
     }
 
     void splash_data()

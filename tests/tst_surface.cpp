@@ -13,6 +13,9 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTimer>
+#include <QToolTip>
 #include <QToolBar>
 #include <QtTest>
 
@@ -97,22 +100,28 @@ private slots:
     // Each limit's border is in the editor's own tests; here one of each kind.
     void arrastre_data()
     {
+        QTest::addColumn<int>("largo"); // of the label
         QTest::addColumn<int>("left"); // where the box's top left is taken
         QTest::addColumn<int>("top");
         QTest::addColumn<bool>("admitido");
-        QTest::newRow("middle") << 20 << 20 << true;
-        QTest::newRow("left band") << 2 << 20 << false;
-        QTest::newRow("above the guide") << 20 << 7 << false;
-        QTest::newRow("right edge at 54") << 43 << 20 << false;
-        QTest::newRow("bottom at 46") << 20 << 43 << false;
+        QTest::newRow("middle") << 45 << 20 << 20 << true;
+        QTest::newRow("left band") << 45 << 2 << 20 << false;
+        QTest::newRow("above the guide") << 45 << 20 << 7 << false;
+        QTest::newRow("right edge at 54") << 45 << 43 << 20 << false;
+        QTest::newRow("bottom at 46") << 45 << 20 << 43 << false;
+        QTest::newRow("bottom at 60 of a 60 label") << 60 << 20 << 57 << true;
+        QTest::newRow("bottom at 61 of a 60 label") << 60 << 20 << 58 << false;
     }
 
     void arrastre()
     {
+        QFETCH(int, largo);
         QFETCH(int, left);
         QFETCH(int, top);
         QFETCH(bool, admitido);
         abrir();
+        hijo<QScrollBar>("VSVer")->setValue(largo);
+        QCOMPARE(cuadro()->height(), qRound(largo * 10.0 / 9.0 * Escala::kPxPorMm));
         QTest::mouseClick(hijo<QPushButton>("CBDisplay2"), Qt::LeftButton); // Peso
         const Campo& peso = m_mb->Campos(11);
         QCOMPARE(peso.Presente, QByteArray("1"));
@@ -151,6 +160,12 @@ private slots:
         QVERIFY(dx > 0 && dy > 0);
         QCOMPARE(m_mb->Campos(12).PosHor - 30, dx);
         QCOMPARE(m_mb->Campos(12).PosVer - 20, dy);
+        // The boxes show the move once, the records twice; a command that
+        // has nothing to do with them leaves the boxes where they stand.
+        const QRectF movida = cuadro()->rectCaja(12);
+        QCOMPARE(movida.topLeft(), Cuadro::puntoDe(30 + dx / 2, 20 + dy / 2));
+        hijo<QAction>("mnuEtiquetaPeso")->trigger();
+        QCOMPARE(cuadro()->rectCaja(12), movida);
 
         // A second double click takes a field out of the selection.
         m_w->refresh();
@@ -165,6 +180,64 @@ private slots:
         const QPointF antes = cuadro()->rectCaja(12).center();
         arrastrar(antes.toPoint(), caja);
         QCOMPARE(cuadro()->rectCaja(12).center(), antes);
+    }
+
+    // A click, or a double click, on a box moves nothing, wherever in the box
+    // it lands: also on the pixels that fall on a half unit.
+    void clicNoMueve_data()
+    {
+        QTest::addColumn<int>("dx"); // pixels into the box
+        QTest::addColumn<int>("dy");
+        for (int dx : {5, 15, 25, 45, 105})
+            QTest::newRow(qPrintable(QStringLiteral("%1 px in").arg(dx))) << dx << 2;
+        QTest::newRow("on the half unit down") << 2 << 3;
+    }
+
+    void clicNoMueve()
+    {
+        QFETCH(int, dx);
+        QFETCH(int, dy);
+        abrir();
+        poner(17, 11, 13); // a date, 12.5 wide, at odd places
+        const QPoint p = cuadro()->rectCaja(17).topLeft().toPoint() + QPoint(dx, dy);
+        QCOMPARE(cuadro()->cajaEn(p), 17);
+        QTest::mouseClick(cuadro(), Qt::LeftButton, {}, p);
+        QCOMPARE(m_mb->Campos(17).PosHor, int16_t(11));
+        QCOMPARE(m_mb->Campos(17).PosVer, int16_t(13));
+        QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, p);
+        QVERIFY(m_mb->Campos(17).Seleccionado);
+        QCOMPARE(m_mb->Campos(17).PosHor, int16_t(11));
+        QCOMPARE(m_mb->Campos(17).PosVer, int16_t(13));
+        QVERIFY(!m_mb->Modificado);
+    }
+
+    // Centring from the tool bar leaves the box at its fractional left; the
+    // next command that is no load leaves it there.
+    void centrado()
+    {
+        abrir();
+        poner(17, 11, 20);
+        QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, en(12, 21));
+        QToolBar* tb = hijo<QToolBar>("Toolbar1");
+        QTest::mouseClick(tb->widgetForAction(hijo<QAction>("JustCentr")), Qt::LeftButton);
+        QCOMPARE(double(m_w->editor().superficie.Imagen(17).left()), 22.25);
+        QCOMPARE(cuadro()->rectCaja(17).left(), Cuadro::puntoDe(22.25, 0).x());
+        QCOMPARE(m_mb->Campos(17).PosHor, int16_t(22));
+        hijo<QAction>("mnuEtiquetaPeso")->trigger();
+        QCOMPARE(cuadro()->rectCaja(17).left(), Cuadro::puntoDe(22.25, 0).x());
+    }
+
+    // A free text's box tells which free text it is when the pointer rests on it.
+    void consejoTextoLibre()
+    {
+        abrir();
+        m_mb->TextoLibre(5) = "OFERTA"; // free text 6, the second group's first
+        poner(27, 10, 20);
+        const QPoint p = cuadro()->rectCaja(27).center().toPoint();
+        QHelpEvent ayuda(QEvent::ToolTip, p, cuadro()->mapToGlobal(p));
+        QApplication::sendEvent(cuadro(), &ayuda);
+        QTRY_VERIFY(QToolTip::isVisible());
+        QCOMPARE(QToolTip::text(), QStringLiteral("1 ") + m_mb->Textos(1307));
     }
 
     // The pop-ups are built from what the editor prepares: entries by label
@@ -348,6 +421,7 @@ private slots:
         QTest::newRow("save asks for a file") << "Guardar" << false << QList<Answer>{} << "save";
         QTest::newRow("open asks for a file") << "Abrir" << false << QList<Answer>{} << "open";
         QTest::newRow("exit") << "Salir" << true << QList<Answer>{Answer::No} << "closed";
+        QTest::newRow("new label") << "Nueva" << false << QList<Answer>{} << "new";
     }
 
     void toolbar()
@@ -359,8 +433,17 @@ private slots:
         abrir();
         bool cerrado = false;
         connect(m_w.get(), &frmBase::cerrado, this, [&] { cerrado = true; });
+        poner(11, 20, 20);
         m_mb->Modificado = modificado;
         m_ui.answers = respuestas;
+        // The new label's dialog, answered as it stands on the screen.
+        QTimer dialogo;
+        connect(&dialogo, &QTimer::timeout, this, [&] {
+            QWidget* d = QApplication::activeModalWidget();
+            if (d && d->objectName() == "frmCargaTXL" && d->isVisible())
+                QTest::mouseClick(d->findChild<QPushButton*>("OKButton"), Qt::LeftButton);
+        });
+        dialogo.start(20);
         QAction* a = hijo<QAction>(clave);
         QVERIFY(!a->icon().isNull());
         QVERIFY(!a->toolTip().isEmpty());
@@ -379,6 +462,10 @@ private slots:
             QVERIFY(m_ui.log.filter(efecto + ": ").size() == 1);
         } else if (efecto == "closed") {
             QVERIFY(cerrado);
+        } else if (efecto == "new") {
+            // The new label has no fields, and the surface shows none.
+            QCOMPARE(m_mb->Campos(11).Presente, QByteArray("0"));
+            QCOMPARE(cuadro()->cajaEn(en(21, 21)), -1);
         }
     }
 };

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 using namespace Escala;
 
@@ -44,6 +45,12 @@ QPointF Cuadro::puntoDe(double hor, double ver)
     return QPointF(hor * kPxPorUnidadHor, ver * kPxPorUnidadVer);
 }
 
+QPointF Cuadro::unidadesDe(const QPointF& pos)
+{
+    return QPointF(Coordenadas::unidadesDePixel(pos.x(), kPxPorUnidadHor),
+                   Coordenadas::unidadesDePixel(pos.y(), kPxPorUnidadVer));
+}
+
 QRectF Cuadro::rectCaja(int n) const
 {
     const Caja& c = m_editor.superficie.Imagen(n);
@@ -64,14 +71,6 @@ void Cuadro::ajustarTamano()
     setFixedSize(qRound(s.anchoExterior * kPxPorMm), qRound(s.altoExterior * kPxPorMm));
 }
 
-QPointF Cuadro::twipsEnCaja(int n, const QPointF& pos) const
-{
-    // Pixels from the box's corner, as window mm, as twips: what the box
-    // reports to the editor.
-    const QPointF d = pos - rectCaja(n).topLeft();
-    return QPointF(d.x() / kPxPorMm * kTwipsPorMm, d.y() / kPxPorMm * kTwipsPorMm);
-}
-
 void Cuadro::avisar()
 {
     if (trasRaton)
@@ -82,10 +81,28 @@ void Cuadro::aplicarPuntero()
 {
     const Qt::CursorShape forma =
         m_editor.superficie.puntero == Puntero::NoSoltar ? Qt::ForbiddenCursor : Qt::ArrowCursor;
-    if (m_arrastrando)
+    if (m_editor.arrastrando)
         QGuiApplication::changeOverrideCursor(QCursor(forma));
     else
         setCursor(forma);
+}
+
+bool Cuadro::event(QEvent* e)
+{
+    if (e->type() == QEvent::ToolTip) {
+        // A box's tip, where it has one (the free texts).
+        const auto* ayuda = static_cast<QHelpEvent*>(e);
+        const int n = cajaEn(ayuda->pos());
+        const QString tip = n >= 0 ? m_editor.superficie.Imagen(n).toolTip : QString();
+        if (tip.isEmpty()) {
+            QToolTip::hideText();
+            e->ignore();
+        } else {
+            QToolTip::showText(ayuda->globalPos(), tip, this, rectCaja(n).toRect());
+        }
+        return true;
+    }
+    return QWidget::event(e);
 }
 
 void Cuadro::paintEvent(QPaintEvent*)
@@ -125,105 +142,60 @@ void Cuadro::paintEvent(QPaintEvent*)
     for (const Linea* l : {&s.Line5, &s.Line6, &s.Line7})
         p.drawLine(puntoDe(l->x1, l->y1), puntoDe(l->x2, l->y2));
 
-    if (m_arrastrando) {
+    if (m_editor.arrastrando) {
         // The outline of the dragged box follows the pointer, held where it
         // was gripped.
         const Caja& a = s.Imagen(m_editor.CampoActivo);
         p.setPen(QPen(Qt::black, 1, Qt::DashLine));
         p.setBrush(Qt::NoBrush);
-        p.drawRect(rectUnidades(m_punteroUnidades.x() - m_editor.AgarreHor,
-                                m_punteroUnidades.y() - m_editor.AgarreVer, a.width(), a.height()));
+        p.drawRect(rectUnidades(m_editor.arrastreHor - m_editor.AgarreHor,
+                                m_editor.arrastreVer - m_editor.AgarreVer, a.width(), a.height()));
     }
 }
 
 void Cuadro::mousePressEvent(QMouseEvent* e)
 {
     const QPointF pos = e->position();
-    const BotonRaton boton = botonDe(e->button());
-    const int n = cajaEn(pos);
-    if (n >= 0) {
-        const QPointF t = twipsEnCaja(n, pos);
-        m_editor.pulsarCampo(n, boton, t.x(), t.y());
-        if (boton == BotonRaton::Izquierdo && m_editor.arrastrando) {
-            m_arrastrando = true;
-            m_destino = Destino::Fuera;
-            QGuiApplication::setOverrideCursor(QCursor(Qt::ArrowCursor));
-            // The drag begins over the pressed box itself.
-            arrastrarA(pos);
-        }
-    } else {
-        m_editor.pulsarCuadro(boton, pos.x() / kPxPorUnidadHor, pos.y() / kPxPorUnidadVer);
+    const QPointF u = unidadesDe(pos);
+    m_editor.pulsar(cajaEn(pos), botonDe(e->button()), u.x(), u.y());
+    if (m_editor.arrastrando) {
+        QGuiApplication::setOverrideCursor(QCursor(Qt::ArrowCursor));
+        aplicarPuntero();
+        update();
     }
-    avisar();
-}
-
-void Cuadro::arrastrarA(const QPointF& pos)
-{
-    const double x = pos.x() / kPxPorUnidadHor;
-    const double y = pos.y() / kPxPorUnidadVer;
-    int k = -1;
-    Destino d = Destino::Fuera;
-    if (QRectF(rect()).contains(pos)) {
-        k = cajaEn(pos);
-        d = k >= 0 ? Destino::Caja : Destino::Superficie;
-    }
-    // The bare surface hears the pointer come in (0), move (2) and go out (1).
-    if (m_destino == Destino::Superficie && d != Destino::Superficie)
-        m_editor.arrastrarSobreCuadro(1, x, y);
-    if (d == Destino::Superficie) {
-        m_editor.arrastrarSobreCuadro(m_destino == Destino::Superficie ? 2 : 0, x, y);
-    } else if (d == Destino::Caja) {
-        const QPointF t = twipsEnCaja(k, pos);
-        m_editor.arrastrarSobreCampo(k, t.x(), t.y());
-    }
-    m_destino = d;
-    m_punteroUnidades = QPointF(x, y);
-    aplicarPuntero();
-    update();
     avisar();
 }
 
 void Cuadro::mouseMoveEvent(QMouseEvent* e)
 {
-    if (m_arrastrando) {
-        arrastrarA(e->position());
+    const QPointF pos = e->position();
+    if (m_editor.arrastrando) {
+        const QPointF u = unidadesDe(pos);
+        m_editor.arrastrarA(QRectF(rect()).contains(pos), cajaEn(pos), u.x(), u.y());
+        aplicarPuntero();
+        update();
+        avisar();
         return;
     }
-    if (cajaEn(e->position()) >= 0) {
+    if (cajaEn(pos) >= 0) {
         m_editor.moverSobreCampo();
         aplicarPuntero();
     }
 }
 
-void Cuadro::terminarArrastre(const QPointF& pos, const QPoint& global)
-{
-    // The pointer reached the release point before being let go.
-    arrastrarA(pos);
-    const Destino d = m_destino;
-    m_arrastrando = false;
-    m_destino = Destino::Fuera;
-    QGuiApplication::restoreOverrideCursor();
-    if (d == Destino::Caja) {
-        const int k = cajaEn(pos);
-        const QPointF t = twipsEnCaja(k, pos);
-        m_editor.soltarEnCampo(k, t.x(), t.y());
-    } else if (d == Destino::Superficie) {
-        m_editor.soltarEnCuadro(pos.x() / kPxPorUnidadHor, pos.y() / kPxPorUnidadVer);
-    } else if (sobreCajaTexto && sobreCajaTexto(global)) {
-        m_editor.soltarEnCajaTexto();
-    } else {
-        // Let go where nothing takes a drop: the drag is over, nothing moves.
-        m_editor.arrastrando = false;
-        update();
-    }
-    aplicarPuntero();
-    avisar();
-}
-
 void Cuadro::mouseReleaseEvent(QMouseEvent* e)
 {
-    if (m_arrastrando && e->button() == Qt::LeftButton)
-        terminarArrastre(e->position(), e->globalPosition().toPoint());
+    if (!m_editor.arrastrando || e->button() != Qt::LeftButton)
+        return;
+    const QPointF pos = e->position();
+    const QPointF u = unidadesDe(pos);
+    const QPoint global = e->globalPosition().toPoint();
+    m_editor.soltarEn(QRectF(rect()).contains(pos), cajaEn(pos), u.x(), u.y(),
+                      sobreCajaTexto && sobreCajaTexto(global));
+    QGuiApplication::restoreOverrideCursor();
+    aplicarPuntero();
+    update();
+    avisar();
 }
 
 void Cuadro::mouseDoubleClickEvent(QMouseEvent* e)

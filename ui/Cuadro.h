@@ -24,9 +24,8 @@ inline int px(double mm) { return qRound(mm * kPxPorMm); }
 // The design surface on screen. It draws the editor's surface model (the
 // white label, the background picture, the bands, the boxes `Imagen` in
 // their colours, the dotted guide lines) and feeds the mouse to the editor:
-// pointer positions over a box go as twips from the box's top left, over the
-// bare surface as surface units, which is how the editor's drag logic takes
-// them. It decides nothing itself.
+// every pointer position goes to the editor as surface units with the box
+// under it. It decides nothing itself.
 class Cuadro : public QWidget {
     Q_OBJECT
 public:
@@ -34,6 +33,9 @@ public:
 
     // Where a point of the surface (in surface units) is, in this widget.
     static QPointF puntoDe(double hor, double ver);
+    // The point of the surface, in surface units, that the pointer at a
+    // position of this widget stands for.
+    static QPointF unidadesDe(const QPointF& pos);
     // Box n as the screen shows it.
     QRectF rectCaja(int n) const;
     // The box under a point of this widget, -1 for the bare surface. The
@@ -49,6 +51,7 @@ public:
     std::function<void()> trasRaton;
 
 protected:
+    bool event(QEvent* e) override;
     void paintEvent(QPaintEvent*) override;
     void mousePressEvent(QMouseEvent* e) override;
     void mouseMoveEvent(QMouseEvent* e) override;
@@ -56,20 +59,11 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* e) override;
 
 private:
-    // What the dragged box is over: nothing of ours, the bare surface, a box.
-    enum class Destino { Fuera, Superficie, Caja };
-
-    void arrastrarA(const QPointF& pos);
-    void terminarArrastre(const QPointF& pos, const QPoint& global);
     void aplicarPuntero();
-    QPointF twipsEnCaja(int n, const QPointF& pos) const;
     void avisar();
 
     EditorEtiqueta& m_editor;
     const Picture& m_fondo;
-    bool m_arrastrando = false;
-    Destino m_destino = Destino::Fuera;
-    QPointF m_punteroUnidades; // where the drag outline follows the pointer
 };
 
 // A ruler beside the surface: a scale of the surface's units, every unit a

@@ -3,7 +3,6 @@
 #include "Arranque.h"
 #include "Catalogo.h"
 #include "CatalogoCampos.h"
-#include "CodePage.h"
 #include "Cuadro.h"
 #include "Dialogos.h"
 #include "Iconos.h"
@@ -15,10 +14,12 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QCursor>
 #include <QDateTime>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -106,14 +107,7 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
         idioma->setChecked(true);
     construirToolbar();
     construirLienzo();
-    m_editor.cargarSuperficie();
-    if (!m_mb.NombreEtiqueta.isEmpty())
-        m_files.cambioNombre(decodeFor(m_mb.Idioma, m_mb.NombreEtiqueta));
-    m_mb.Modificado = false;
-    m_files.IniciaLineas();
-    m_files.controles.VSEtiqMin = minimo;
-    m_files.controles.VSEtiq = std::max(minimo, m_mb.NumEtiqueta.toInt());
-    m_files.controles.TxtNumEtiq = QString::number(m_files.controles.VSEtiq);
+    m_editor.cargarVentana(minimo);
     refresh();
     // From here on the work in hand outlives what the program does not foresee.
     recuperacion::registrar(m_mb, [this] {
@@ -139,8 +133,17 @@ QAction* frmBase::entrada(QMenu* menu, const char* nombre, int textId, bool punt
 
 void frmBase::orden(const std::function<void()>& f)
 {
+    // The command refreshes the window itself where it must (every load
+    // does), and the boxes keep the places it gave them. A dialog of the
+    // label that stood over the window leaves it to be drawn anew, by the
+    // whole repaint, once the command is over.
+    m_dialogoCerrado = false;
     f();
-    refresh();
+    if (m_dialogoCerrado)
+        refresh();
+    else
+        mostrar();
+    m_dialogoCerrado = false;
 }
 
 void frmBase::construirMenus()
@@ -166,11 +169,7 @@ void frmBase::construirMenus()
 
     QMenu* etiqueta = menu("mnuEtiqueta", 1293);
     QAction* nueva = entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
-    connect(nueva, &QAction::triggered, this, [this] {
-        // Unlike the tool bar's button, the menu entry runs the common tail.
-        m_files.NuevoConjunto();
-        m_files.Actualiza();
-    });
+    connect(nueva, &QAction::triggered, this, [this] { orden([this] { m_files.menuNueva(); }); });
     QAction* enviar = entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
     connect(enviar, &QAction::triggered, this,
             [this] { orden([this] { mostrarFrmConfig(m_mb, m_ui, this); }); });
@@ -354,8 +353,23 @@ void frmBase::construirLienzo()
     m_VSEtiq->setMaximum(5);
     // A thumb dragged along changes the label once, where it is let go.
     m_VSEtiq->setTracking(false);
-    connect(m_VSEtiq, &QScrollBar::valueChanged, this,
-            [this](int v) { orden([this, v] { m_files.cambioEtiqueta(v); }); });
+    connect(m_VSEtiq, &QScrollBar::valueChanged, this, [this](int v) {
+        // A press on an arrow is one step. The scroll bar lets go of the
+        // mouse at once, and the step is taken once its change is over: a
+        // question asked while it held the button would keep the release
+        // from it, and its auto-repeat would step on and ask again.
+        QMouseEvent suelta(QEvent::MouseButtonRelease, QPointF(), QPointF(), Qt::LeftButton,
+                           Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_VSEtiq, &suelta);
+        QMetaObject::invokeMethod(
+            this,
+            [this, v] {
+                // A step overtaken by the selector being put back is void.
+                if (m_VSEtiq->value() == v && m_files.controles.VSEtiq != v)
+                    orden([this, v] { m_files.cambioEtiqueta(v); });
+            },
+            Qt::QueuedConnection);
+    });
 
     const auto tamano = [&](const char* caption, const char* valor, const char* barra, double y,
                             QLabel*& lbl, QLineEdit*& txt, QScrollBar*& vs) {
@@ -385,7 +399,7 @@ void frmBase::construirLienzo()
     m_ChkCompatibilidad = new CasillaModelo(QStringLiteral("Sirel V: 1X-Y??"), m_lienzo);
     m_ChkCompatibilidad->setObjectName(QStringLiteral("ChkCompatibilidad"));
     m_ChkCompatibilidad->setGeometry(rectMm(x, 38.5, kPaletaAnchoMm, 5.5));
-    m_ChkCompatibilidad->alPulsar = [this] { pulsarModelo(); };
+    m_ChkCompatibilidad->alPulsar = [this] { orden([this] { m_editor.pulsarCompatibilidad(); }); };
 
     for (int i = 0; i <= 15; ++i) {
         QPushButton* b = new QPushButton(m_lienzo);
@@ -499,13 +513,15 @@ void frmBase::refresh()
     for (const auto& [accion, id] : m_tips)
         accion->setToolTip(T(id));
     m_convertir->setToolTip(total ? T(1341) : T(1340));
+    m_panelTipo->setText(total ? T(1310) : T(1317));
+    m_files.completarLblNombre();
+    mostrar();
+}
+
+void frmBase::mostrar()
+{
     m_mnuEtiquetaPeso->setChecked(m_editor.mnuEtiquetaPesoChecked);
     m_mnuFondoParrilla->setChecked(m_editor.fondo.parrilla);
-
-    m_panelTipo->setText(total ? T(1310) : T(1317));
-    // The label line is left as it is while the label has no name.
-    if (!m_files.controles.TxtNomEtiq.isEmpty())
-        m_files.controles.lblNombre = m_files.textoLblNombre(m_files.controles.TxtNomEtiq);
     m_lblNombre->setText(m_files.controles.lblNombre);
 
     for (int i = 0; i <= 15; ++i) {
@@ -550,23 +566,11 @@ void frmBase::mostrarEstado()
     m_panelY->setText(s.panelY.isEmpty() ? QStringLiteral("Y: ") : s.panelY);
 }
 
-void frmBase::pulsarModelo()
-{
-    if (m_files.pulsarCompatibilidad()) {
-        // The switch's surface part: the palette laid out for the model,
-        // and the lot and free texts 6 to 15, reset by the switch to the
-        // old model, taken off the surface.
-        m_editor.PaintFormLoad();
-        for (int n = 26; n <= 36; ++n)
-            m_editor.MostrarCampo(n);
-    }
-    refresh();
-}
-
 void frmBase::mostrarCargaTXL()
 {
     frmCargaTXL dialog(m_mb, isVisible() ? this : nullptr);
     dialog.exec();
+    m_dialogoCerrado = true;
 }
 
 void frmBase::repintarCuadro()
@@ -577,13 +581,29 @@ void frmBase::repintarCuadro()
 
 void frmBase::repintarVentana() { refresh(); }
 
-void frmBase::mostrarTXL() { mostrarFrmTXL(m_mb, this); }
+void frmBase::mostrarTXL()
+{
+    mostrarFrmTXL(m_mb, this);
+    m_dialogoCerrado = true;
+}
 
-void frmBase::mostrarDES() { mostrarFrmDES(m_mb, this); }
+void frmBase::mostrarDES()
+{
+    mostrarFrmDES(m_mb, this);
+    m_dialogoCerrado = true;
+}
 
-void frmBase::mostrarBorrar() { mostrarFrmBorrar(m_mb, this); }
+void frmBase::mostrarBorrar()
+{
+    mostrarFrmBorrar(m_mb, this);
+    m_dialogoCerrado = true;
+}
 
-void frmBase::mostrarTXF(int numero) { mostrarFrmTXF(m_mb, numero, this); }
+void frmBase::mostrarTXF(int numero)
+{
+    mostrarFrmTXF(m_mb, numero, this);
+    m_dialogoCerrado = true;
+}
 
 void frmBase::abrirMenu(MenuEmergente menu)
 {

@@ -103,8 +103,10 @@ private:
     void construirToolbar();
     void construirLienzo();
     void situarLienzo();
+    // The widgets show the model as the commands left it: no caption is
+    // rewritten and no box is moved to its record.
+    void mostrar();
     void mostrarEstado();
-    void pulsarModelo();
     // Runs a command, then shows what it left.
     void orden(const std::function<void()>& f);
     bool sobreCajaTexto(const QPoint& global) const;
@@ -117,6 +119,8 @@ private:
     FileCommands m_files;
     EditorEtiqueta m_editor;
     std::function<void()> m_acerca;
+    // A dialog of the label was shown during the command that runs.
+    bool m_dialogoCerrado = false;
 
     QList<Entrada> m_entradas;
     QList<QPair<QMenu*, int>> m_menus;
