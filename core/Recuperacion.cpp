@@ -41,7 +41,7 @@ QString mensajeFinal(const RuntimeError& error)
     QString leyenda = QStringLiteral("The work in hand was kept in:");
     try {
         if (g_mb)
-            leyenda = g_mb->Textos(2001);
+            leyenda = g_mb->Textos(2090);
     } catch (...) {
     }
     return texto + QStringLiteral("\n\n") + leyenda + QLatin1Char('\n') +

@@ -189,7 +189,7 @@ private slots:
         recuperacion::registrar(e.mb, [&] { return e.files.GuardarRecuperacion(momento()); });
         const QString texto = recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange());
         recuperacion::retirar();
-        QVERIFY(texto.startsWith("Run-time error '9': Subscript out of range\n\n" + e.mb.Textos(2001)));
+        QVERIFY(texto.startsWith("Run-time error '9': Subscript out of range\n\n" + e.mb.Textos(2090)));
         QVERIFY(texto.endsWith(QDir::toNativeSeparators(e.dir.file(esperado))));
         QVERIFY(e.files.Lineas == lineas);
         if (!conjunto.isEmpty())
@@ -221,7 +221,7 @@ private slots:
         LabelEnv e(1);
         {
             frmBase w(e.mb, e.ui);
-            QVERIFY(recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange()).contains(e.mb.Textos(2001)));
+            QVERIFY(recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange()).contains(e.mb.Textos(2090)));
         }
         QCOMPARE(QDir(e.dir.file("recovery")).entryList(QDir::Files).size(), 1);
         QCOMPARE(recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange()),
