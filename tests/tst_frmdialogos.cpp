@@ -23,6 +23,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
+#include <QWindow>
 #include <QtTest>
 #include <memory>
 #include <vector>
@@ -44,6 +45,27 @@ void teclear(QWidget* w, const QString& texto)
     for (QChar c : texto)
         QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
+
+// Calls `f` with the window named `nombre` when it is shown.
+class AlMostrar : public QObject {
+public:
+    AlMostrar(const char* nombre, std::function<void(QWidget*)> f) : m_nombre(nombre), m_f(std::move(f))
+    {
+        qApp->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* o, QEvent* e) override
+    {
+        if (e->type() == QEvent::Show && o->isWidgetType() && o->objectName() == QLatin1String(m_nombre))
+            m_f(static_cast<QWidget*>(o));
+        return false;
+    }
+
+private:
+    const char* m_nombre;
+    std::function<void(QWidget*)> m_f;
+};
 
 } // namespace
 
@@ -164,19 +186,21 @@ private slots:
         bool vista = false, sinCierre = false;
         QString titulo;
         int max = -1;
-        QTimer espia;
-        connect(&espia, &QTimer::timeout, [&] {
-            for (QWidget* t : QApplication::topLevelWidgets())
-                if (t->objectName() == "frmEnvio" && t->isVisible()) {
-                    vista = true;
-                    titulo = t->windowTitle();
-                    sinCierre = !(t->windowFlags() & Qt::WindowCloseButtonHint);
-                    max = t->findChild<QProgressBar*>("ProBar1")->maximum();
-                }
+        // Seen as it comes on the screen: a short transfer is over before
+        // any timer could look.
+        AlMostrar espia("frmEnvio", [&](QWidget* t) {
+            vista = true;
+            titulo = t->windowTitle();
+            // No title bar of the system's, whose buttons a window
+            // manager would add: the title is the window's own.
+            const Qt::WindowFlags f = t->windowHandle()->flags();
+            sinCierre = (f & Qt::FramelessWindowHint) &&
+                        !(f & (Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint |
+                               Qt::WindowSystemMenuHint)) &&
+                        t->findChild<QLabel*>("lblTitulo")->text() == t->windowTitle();
+            max = t->findChild<QProgressBar*>("ProBar1")->maximum();
         });
-        espia.start(5);
         QTest::mouseClick(hijo<QPushButton>(w, boton), Qt::LeftButton);
-        espia.stop();
 
         QVERIFY(vista);
         QCOMPARE(titulo, QStringLiteral("Enviando..."));
