@@ -7,7 +7,9 @@
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
+#include "Recorrido.h"
 #include "frmBorrar.h"
+#include "frmCargaTXL.h"
 #include "frmConfig.h"
 #include "frmDES.h"
 #include "frmEnvio.h"
@@ -44,6 +46,20 @@ void teclear(QWidget* w, const QString& texto)
 {
     for (QChar c : texto)
         QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+
+// A fresh object of each dialog the main window opens (the transfer window
+// aside: showing it sends).
+std::vector<std::unique_ptr<QDialog>> dialogos(ModBase& mb, UserInteraction& ui)
+{
+    std::vector<std::unique_ptr<QDialog>> ds;
+    ds.emplace_back(new frmConfig(mb, ui));
+    ds.emplace_back(new frmTXL(mb));
+    ds.emplace_back(new frmTXF(mb));
+    ds.emplace_back(new frmDES(mb));
+    ds.emplace_back(new frmTipoEtiq(mb));
+    ds.emplace_back(new frmBorrar(mb));
+    return ds;
 }
 
 // Calls `f` with the window named `nombre` when it is shown.
@@ -375,6 +391,29 @@ private slots:
         QVERIFY(m_mb->Modificado);
     }
 
+    // Every dialog in every language: each caption fits its widget, each
+    // control has a name a screen reader says.
+    void recorrido_data() { recorrido::filasIdiomas(); }
+
+    void recorrido()
+    {
+        QFETCH(int, idioma);
+        m_mb->Idioma = static_cast<int16_t>(idioma);
+        QCOMPARE(CargarTextos(*m_mb, m_mb->Idioma), int16_t(0));
+        ScriptedInteraction ui;
+        std::vector<std::unique_ptr<QDialog>> ds = dialogos(*m_mb, ui);
+        ds.emplace_back(new frmCargaTXL(*m_mb));
+        QStringList fallos;
+        for (auto& d : ds) {
+            d->show();
+            QVERIFY(QTest::qWaitForWindowExposed(d.get()));
+            for (const QString& f : recorrido::textosCortados(*d) + recorrido::sinNombreAccesible(*d))
+                fallos.append(d->objectName() + ": " + f);
+            d->hide();
+        }
+        QVERIFY2(fallos.isEmpty(), qPrintable(fallos.join("\n")));
+    }
+
     // Pictures of every dialog for a person to look at, in Spanish and in
     // Greek, when KORVO_SHOTS names a folder; skipped otherwise.
     void capturas()
@@ -391,14 +430,7 @@ private slots:
             for (int n : {1, 3, 11, 13, 26, 27})
                 m_mb->Campos(n).Presente = "1";
             ScriptedInteraction ui;
-            std::vector<std::unique_ptr<QDialog>> ds;
-            ds.emplace_back(new frmConfig(*m_mb, ui));
-            ds.emplace_back(new frmTXL(*m_mb));
-            ds.emplace_back(new frmTXF(*m_mb));
-            ds.emplace_back(new frmDES(*m_mb));
-            ds.emplace_back(new frmTipoEtiq(*m_mb));
-            ds.emplace_back(new frmBorrar(*m_mb));
-            for (auto& d : ds) {
+            for (auto& d : dialogos(*m_mb, ui)) {
                 d->show();
                 QVERIFY(QTest::qWaitForWindowExposed(d.get()));
                 QVERIFY(d->grab().save(QStringLiteral("%1/%2-%3.png")

@@ -15,9 +15,11 @@ struct ModBase;
 class Cuadro;
 class QAction;
 class QActionGroup;
+class QGridLayout;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QScrollArea;
 class QScrollBar;
 class QToolBar;
 class Regla;
@@ -89,6 +91,7 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     struct Entrada {
@@ -102,7 +105,10 @@ private:
     void construirToolbar();
     void construirLienzo();
     void situarLienzo();
+    // The window's size: its content's, within the screen's free area.
+    void ajustarAPantalla();
     void mostrarEstado();
+    void nombresAccesibles();
     void pulsarModelo();
     // Runs a command, then shows what it left.
     void orden(const std::function<void()>& f);
@@ -138,7 +144,11 @@ private:
     QList<QPair<QAction*, int>> m_tips; // tool bar buttons and their text ids
     QAction* m_convertir = nullptr;
 
+    QScrollArea* m_area = nullptr;
     QWidget* m_lienzo = nullptr;
+    QWidget* m_zonaCuadro = nullptr;
+    QGridLayout* m_paleta = nullptr;
+    bool m_ajustado = false;
     Cuadro* m_cuadro = nullptr;
     Regla* m_reglaHor = nullptr;
     Regla* m_reglaVer = nullptr;
