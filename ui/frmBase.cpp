@@ -542,9 +542,13 @@ void frmBase::ajustarAPantalla()
                               statusBar()->sizeHint().height());
     const QSize deseado = m_lienzo->minimumSizeHint() + chrome;
     const QSize maximo = libre.size().shrunkBy(marco);
-    // It grows to what new captions ask, and never shrinks under the person.
+    // Later it grows only when the content has grown (new captions, a
+    // taller label), and never shrinks under the person.
+    if (m_ajustado && deseado == m_deseado)
+        return;
+    m_deseado = deseado;
     const QSize nuevo = (m_ajustado ? size().expandedTo(deseado) : deseado).boundedTo(maximo);
-    if (nuevo == size() && m_ajustado)
+    if (nuevo == size())
         return;
     resize(nuevo);
     // Kept inside the free area.

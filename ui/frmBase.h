@@ -149,6 +149,7 @@ private:
     QWidget* m_zonaCuadro = nullptr;
     QGridLayout* m_paleta = nullptr;
     bool m_ajustado = false;
+    QSize m_deseado; // the content's size at the last fitting
     Cuadro* m_cuadro = nullptr;
     Regla* m_reglaHor = nullptr;
     Regla* m_reglaVer = nullptr;
