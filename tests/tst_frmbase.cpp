@@ -271,7 +271,7 @@ private slots:
         QTest::addColumn<QString>("buscarEn"); // the file dialog's "Look in:", Qt's own
         const char* buscarEn[8] = {"Ver en:", "Look in:", "Procurar em:", "Zoeken in:",
                                    "Voir dans :", "Cerca in:",
-                                   "Look in:", // the system's Qt has no Greek
+                                   "Αναζήτηση σε:", // the catalogue's: the system's Qt has no Greek
                                    "Szukaj w:"};
         for (int i = 1; i <= 8; ++i) {
             const int despues = i % 8 + 1;

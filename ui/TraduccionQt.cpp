@@ -11,8 +11,8 @@
 
 namespace {
 
-// The standard buttons and the file dialogs' Open and Save from the
-// catalogue, for a language Qt has no translation of. Asked last: Qt's own translation answers first. The texts
+// The standard buttons and the file dialogs' words from the catalogue, for
+// a language Qt has no translation of. Asked last: Qt's own translation answers first. The texts
 // are taken when it is made, so it needs the catalogue loaded by then.
 class BotonesCatalogo : public QTranslator {
 public:
@@ -38,12 +38,32 @@ private:
         const char* ingles;
         int textId;
     };
-    static constexpr int kCuantos = 8;
+    static constexpr int kCuantos = 24;
     static constexpr Texto kTextos[kCuantos] = {
-        {"QPlatformTheme", "&Yes", 285}, {"QPlatformTheme", "&No", 286},
-        {"QPlatformTheme", "OK", 287},   {"QPlatformTheme", "Cancel", 288},
-        {"QPlatformTheme", "Open", 1311}, {"QPlatformTheme", "Save", 1313},
-        {"QFileDialog", "&Open", 1311},  {"QFileDialog", "&Save", 1313},
+        {"QPlatformTheme", "&Yes", 285},
+        {"QPlatformTheme", "&No", 286},
+        {"QPlatformTheme", "OK", 287},
+        {"QPlatformTheme", "Cancel", 288},
+        {"QPlatformTheme", "Open", 1311},
+        {"QPlatformTheme", "Save", 1313},
+        {"QFileDialog", "&Open", 1311},
+        {"QFileDialog", "&Save", 1313},
+        {"QFileDialog", "Look in:", 2001},
+        {"QFileDialog", "File &name:", 2002},
+        {"QFileDialog", "Files of type:", 2003},
+        {"QFileDialog", "Back", 2004},
+        {"QFileDialog", "Forward", 2005},
+        {"QFileDialog", "Parent Directory", 2006},
+        {"QFileDialog", "Create New Folder", 2007},
+        {"QFileDialog", "List View", 2008},
+        {"QFileDialog", "Detail View", 2009},
+        {"QFileSystemModel", "Name", 2010},
+        {"QFileSystemModel", "Size", 2011},
+        {"QFileSystemModel", "Type", 2012},
+        {"QFileSystemModel", "Date Modified", 2013},
+        {"QFileDialog", "%1 already exists.\nDo you want to replace it?", 2014},
+        {"QAbstractFileIconProvider", "Folder", 2015},
+        {"QFileSystemModel", "Computer", 2016},
     };
     QString m_textos[kCuantos];
 };
