@@ -2,11 +2,11 @@
 
 #include "ModBase.h"
 
+#include <memory>
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
-#include <memory>
 #include <vector>
 
 namespace {
@@ -27,7 +27,8 @@ public:
     QString translate(const char* context, const char* source, const char*, int) const override
     {
         for (int i = 0; i < kCuantos; ++i)
-            if (qstrcmp(context, kTextos[i].contexto) == 0 && qstrcmp(source, kTextos[i].ingles) == 0)
+            if (qstrcmp(context, kTextos[i].contexto) == 0 &&
+                qstrcmp(source, kTextos[i].ingles) == 0)
                 return m_textos[i];
         return {};
     }
@@ -73,15 +74,25 @@ private:
 QList<QLocale> localesDe(int16_t idioma)
 {
     switch (idioma) {
-    case 1: return {QLocale(QLocale::Spanish, QLocale::Spain)};
-    case 2: return {QLocale(QLocale::English, QLocale::UnitedKingdom)};
-    case 3: return {QLocale(QLocale::Portuguese, QLocale::Brazil), QLocale(QLocale::Portuguese, QLocale::Portugal)};
-    case 4: return {QLocale(QLocale::Dutch, QLocale::Netherlands)};
-    case 5: return {QLocale(QLocale::French, QLocale::France)};
-    case 6: return {QLocale(QLocale::Italian, QLocale::Italy)};
-    case 7: return {QLocale(QLocale::Greek, QLocale::Greece)};
-    case 8: return {QLocale(QLocale::Polish, QLocale::Poland)};
-    default: return {};
+    case 1:
+        return {QLocale(QLocale::Spanish, QLocale::Spain)};
+    case 2:
+        return {QLocale(QLocale::English, QLocale::UnitedKingdom)};
+    case 3:
+        return {QLocale(QLocale::Portuguese, QLocale::Brazil),
+                QLocale(QLocale::Portuguese, QLocale::Portugal)};
+    case 4:
+        return {QLocale(QLocale::Dutch, QLocale::Netherlands)};
+    case 5:
+        return {QLocale(QLocale::French, QLocale::France)};
+    case 6:
+        return {QLocale(QLocale::Italian, QLocale::Italy)};
+    case 7:
+        return {QLocale(QLocale::Greek, QLocale::Greece)};
+    case 8:
+        return {QLocale(QLocale::Polish, QLocale::Poland)};
+    default:
+        return {};
     }
 }
 

@@ -7,8 +7,8 @@
 #include "Cuadro.h"
 #include "Dialogos.h"
 #include "Iconos.h"
-#include "TraduccionQt.h"
 #include "ModBase.h"
+#include "TraduccionQt.h"
 #include "frmCargaTXL.h"
 #include "frmVistaPrevia.h"
 
@@ -16,11 +16,11 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>

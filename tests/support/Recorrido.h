@@ -24,7 +24,8 @@ namespace recorrido {
 
 inline QString nombre(const QWidget* w)
 {
-    return QStringLiteral("%1 (%2)").arg(w->objectName(), QString::fromLatin1(w->metaObject()->className()));
+    return QStringLiteral("%1 (%2)").arg(w->objectName(),
+                                         QString::fromLatin1(w->metaObject()->className()));
 }
 
 inline QString sinMnemonico(QString t)
@@ -43,7 +44,9 @@ inline QStringList textosCortados(const QWidget& ventana)
     const auto medir = [&](const QWidget* w, const QString& texto, int necesita, int tiene) {
         if (necesita > tiene)
             fallos.append(QStringLiteral("%1 \"%2\" needs %3 px, has %4")
-                              .arg(nombre(w), texto).arg(necesita).arg(tiene));
+                              .arg(nombre(w), texto)
+                              .arg(necesita)
+                              .arg(tiene));
     };
     for (const QWidget* w : ventana.findChildren<QWidget*>()) {
         if (!w->isVisibleTo(&ventana))
@@ -54,7 +57,8 @@ inline QStringList textosCortados(const QWidget& ventana)
                 continue;
             const QString t = l->buddy() ? sinMnemonico(l->text()) : l->text();
             const QRect r = l->contentsRect();
-            const QRect texto = fm.boundingRect(QRect(0, 0, 10000, 10000), Qt::AlignLeft | Qt::AlignTop, t);
+            const QRect texto =
+                fm.boundingRect(QRect(0, 0, 10000, 10000), Qt::AlignLeft | Qt::AlignTop, t);
             medir(l, t, texto.width() + l->indent() * (l->indent() > 0), r.width());
             medir(l, t, texto.height(), r.height());
         } else if (const auto* e = qobject_cast<const QLineEdit*>(w)) {
@@ -63,8 +67,10 @@ inline QStringList textosCortados(const QWidget& ventana)
                 continue;
             QStyleOptionFrame opt;
             opt.initFrom(e);
-            opt.lineWidth = e->hasFrame() ? e->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &opt, e) : 0;
-            const QRect r = e->style()->subElementRect(QStyle::SE_LineEditContents, &opt, e)
+            opt.lineWidth =
+                e->hasFrame() ? e->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &opt, e) : 0;
+            const QRect r = e->style()
+                                ->subElementRect(QStyle::SE_LineEditContents, &opt, e)
                                 .marginsRemoved(e->textMargins());
             // QLineEdit keeps 2 px each side of its text.
             medir(e, e->text(), fm.horizontalAdvance(e->text()) + 4, r.width());
@@ -84,7 +90,8 @@ inline QStringList textosCortados(const QWidget& ventana)
             // frame), taken at a width past any minimum it keeps.
             const int ancho = 400;
             const int alrededor =
-                b->style()->sizeFromContents(tipo, &opt, QSize(ancho, fm.height()), b).width() - ancho;
+                b->style()->sizeFromContents(tipo, &opt, QSize(ancho, fm.height()), b).width() -
+                ancho;
             const QSize necesita(fm.horizontalAdvance(t) + alrededor, 0);
             medir(b, t, necesita.width(), b->width());
         }
