@@ -17,6 +17,7 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QToolBar>
 #include <QtTest>
 
@@ -200,6 +201,11 @@ private slots:
                         if (donde.left() < r->width() && donde.top() < r->height())
                             fallos.append(QStringLiteral("%1: %2 outside").arg(r->objectName()).arg(i));
                 }
+            // The two sizes' arrows stand apart.
+            const QRect hor = w.findChild<QScrollBar*>("VSHor")->geometry();
+            const QRect ver = w.findChild<QScrollBar*>("VSVer")->geometry();
+            if (hor.bottom() + 4 > ver.top())
+                fallos.append(QStringLiteral("VSHor ends at %1, VSVer starts at %2").arg(hor.bottom()).arg(ver.top()));
             QVERIFY2(fallos.isEmpty(), qPrintable(tipo + QStringLiteral(": ") + fallos.join("\n")));
         }
     }
