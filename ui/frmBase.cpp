@@ -551,7 +551,10 @@ void frmBase::ajustarAPantalla()
     if (nuevo == size())
         return;
     resize(nuevo);
-    // Kept inside the free area.
+    // Kept inside the free area; where it stands is otherwise the window
+    // manager's choice.
+    if (!isVisible() || libre.contains(frameGeometry()))
+        return;
     QRect r = frameGeometry();
     r.moveLeft(std::clamp(r.left(), libre.left(), std::max(libre.left(), libre.right() - r.width() + 1)));
     r.moveTop(std::clamp(r.top(), libre.top(), std::max(libre.top(), libre.bottom() - r.height() + 1)));
