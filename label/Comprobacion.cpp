@@ -112,9 +112,8 @@ QList<Hallazgo> comprobarArchivo(const QByteArray& contenido, bool conjunto, int
                          .arg(c.modelo()).arg(total).arg(lines.size()));
     if (linea(0) != "TXL")
         c.nota(1, 1, QStringLiteral("a set file starts with \"TXL\""));
-    // The old model's packing label 1 carries free text rows over its block
-    // after a save: those lines are not looked at.
-    for (int i = 1; i <= (nuevo ? 15 : 5); ++i)
+    const int textos = nuevo ? 15 : 5;
+    for (int i = 1; i <= textos; ++i)
         if (i < lines.size())
             c.filaTextoLibre(lines.at(i), i + 1);
     const int porTipo = nuevo ? 3 : 5;
@@ -123,7 +122,21 @@ QList<Hallazgo> comprobarArchivo(const QByteArray& contenido, bool conjunto, int
         const QByteArray tipo = k < porTipo ? "V" : "T";
         const int numero = (nuevo ? 3 : 1) + k % porTipo;
         const int b = k * (campos + 1) + (nuevo ? 16 : 6);
-        const int desde = (!nuevo && k == 0) ? 16 : b + 1;
+        int desde = b + 1;
+        // Saving any label writes 15 free text rows, in the old model too,
+        // where rows 6 to 15 are the block of packing label 1: that label
+        // then unfolds its header from a free text row.
+        if (!nuevo && k == 0 && linea(b + 1).startsWith("9:")) {
+            const QByteArray cabecera = linea(b + 1);
+            c.nota(b + 2, 3,
+                   QStringLiteral("label V1 unfolds with kind \"%1\" and width \"%2\": lines %3 to 16 "
+                                  "hold the free text rows a save of another label wrote over "
+                                  "its block")
+                       .arg(QString::fromLatin1(columns(cabecera, 3, 1)),
+                            QString::fromLatin1(columns(cabecera, 5, 2)))
+                       .arg(b + 1));
+            desde = 16;
+        }
         for (int j = desde; j <= b + campos && j < lines.size(); ++j)
             c.filaCampo(lines.at(j), j + 1, tipo, numero);
     }

@@ -1,20 +1,26 @@
 #include "Catalogo.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
+#include "Cuadro.h"
 #include "QtInteraction.h"
+#include "Recorrido.h"
 #include "ScriptedInteraction.h"
 #include "frmBase.h"
 #include "frmSplash.h"
 
-#include <QLabel>
-
 #include <QAction>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
+#include <QToolBar>
 #include <QtTest>
 
 namespace {
@@ -58,6 +64,30 @@ private:
     QPointer<QMessageBox> m_ultima;
 };
 
+// Every field on the label, each at its own place, so that every box of
+// the surface shows its caption.
+void todosLosCampos(ModBase& mb)
+{
+    const int n = mb.ModeloNuevo ? 36 : 25;
+    for (int i = 1; i <= n; ++i)
+        mb.Campos(i).Presente = "1";
+    // Free texts as long as they may be: their boxes are as wide as their texts.
+    for (int i = 0; i < 15; ++i)
+        mb.TextoLibre(i) = QByteArray(25, 'W');
+}
+
+// Answers the next modal box with the button `boton`, after `mirar` has
+// looked at it.
+void responder(QMessageBox::StandardButton boton, std::function<void(QMessageBox&)> mirar)
+{
+    QTimer::singleShot(0, [boton, mirar] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        mirar(*box);
+        QTest::mouseClick(box->button(boton), Qt::LeftButton);
+    });
+}
+
 } // namespace
 
 class TestFrmBase : public QObject {
@@ -91,6 +121,8 @@ private slots:
             for (const QString& c : now)
                 QVERIFY2(!c.isEmpty() && c != "...", qPrintable(QString::number(lang)));
             QCOMPARE(now.first(), m_mb->Textos(1292));
+            // The about entry opens a box of its own: no dots.
+            QCOMPARE(w.findChild<QAction*>("mnuAcerca")->text(), m_mb->Textos(296));
         }
         // Greek captions in Greek letters.
         w.menuIdioma(7)->trigger();
@@ -201,6 +233,173 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(closed.size(), 1, 5000);
         // Only the timer marks the start-up splash as gone.
         QCOMPARE(m_mb->ArranqueInicial, arranque && cierre != "timer");
+    }
+
+    // Each caption measured against the widget that shows it, in every
+    // language, on both kinds of label: the window, the boxes of the
+    // surface and the numbers of the rulers.
+    void captionsCaben_data() { recorrido::filasIdiomas(); }
+
+    void captionsCaben()
+    {
+        QFETCH(int, idioma);
+        ScriptedInteraction ui;
+        m_mb->ModeloNuevo = 1;
+        todosLosCampos(*m_mb);
+        m_mb->AnchoEtiqueta = "60";
+        frmBase w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        w.menuIdioma(idioma)->trigger();
+        for (const char* tipo : {"V", "T"}) {
+            m_mb->TipoEtiqueta = tipo;
+            w.refresh();
+            QCoreApplication::processEvents(); // the layouts follow the new captions
+            QStringList fallos = recorrido::textosCortados(w);
+            const Cuadro* c = w.cuadro();
+            for (int n = 1; n <= 36; ++n) {
+                const Caja& caja = w.editor().superficie.Imagen(n);
+                if (!caja.visible)
+                    continue;
+                const int necesita = QFontMetrics(c->fuenteCaja(n)).horizontalAdvance(caja.caption);
+                if (necesita > c->rectTexto(n).width())
+                    fallos.append(QStringLiteral("box %1 \"%2\" needs %3 px, has %4")
+                                      .arg(n).arg(caja.caption).arg(necesita).arg(c->rectTexto(n).width()));
+            }
+            for (const Regla* r : w.findChildren<Regla*>())
+                for (int i = 10; i <= 60; i += 10) {
+                    const QRectF donde = r->rectNumero(i);
+                    const QRectF texto = QFontMetricsF(r->fuente()).boundingRect(QString::number(i));
+                    if (donde.bottom() > r->height() + 0.5 || donde.right() > r->width() + 0.5 ||
+                        texto.width() > donde.width() + 0.5 || texto.height() > donde.height() + 0.5)
+                        if (donde.left() < r->width() && donde.top() < r->height())
+                            fallos.append(QStringLiteral("%1: %2 outside").arg(r->objectName()).arg(i));
+                }
+            // The two sizes' arrows stand apart.
+            const QRect hor = w.findChild<QScrollBar*>("VSHor")->geometry();
+            const QRect ver = w.findChild<QScrollBar*>("VSVer")->geometry();
+            if (hor.bottom() + 4 > ver.top())
+                fallos.append(QStringLiteral("VSHor ends at %1, VSVer starts at %2").arg(hor.bottom()).arg(ver.top()));
+            QVERIFY2(fallos.isEmpty(), qPrintable(tipo + QStringLiteral(": ") + fallos.join("\n")));
+        }
+    }
+
+    // The whole window on the screen it runs on, and its content in sight
+    // without scrolling, for a label of 60 in every language. ctest runs
+    // this on a 1366 x 768 screen and on a 1920 x 1080 one at 150 %.
+    void ventanaCabe()
+    {
+        ScriptedInteraction ui;
+        m_mb->AnchoEtiqueta = "60";
+        frmBase w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        const QRect libre = w.screen()->availableGeometry();
+        if (libre.width() < 1280 || libre.height() < 720)
+            QSKIP("run on a screen of 1366 x 768, or of 1920 x 1080 at 150 %");
+        for (int idioma = 1; idioma <= 8; ++idioma) {
+            w.menuIdioma(idioma)->trigger();
+            for (const char* tipo : {"V", "T"}) {
+                m_mb->TipoEtiqueta = tipo;
+                w.refresh();
+                QCoreApplication::processEvents();
+                const QString donde = QStringLiteral("%1 %2: %3x%4 on %5x%6")
+                                          .arg(idioma).arg(tipo)
+                                          .arg(w.frameGeometry().width()).arg(w.frameGeometry().height())
+                                          .arg(libre.width()).arg(libre.height());
+                QVERIFY2(libre.contains(w.frameGeometry()), qPrintable(donde));
+                const auto* area = w.findChild<QScrollArea*>("areaLienzo");
+                QVERIFY2(area->viewport()->width() >= area->widget()->minimumSizeHint().width() &&
+                             area->viewport()->height() >= area->widget()->minimumSizeHint().height(),
+                         qPrintable(donde));
+            }
+        }
+    }
+
+    // Every control of the window has a name a screen reader says, from the
+    // catalogue, in every language.
+    void nombresAccesibles()
+    {
+        ScriptedInteraction ui;
+        frmBase w(*m_mb, ui);
+        w.show();
+        for (int idioma : {1, 7}) {
+            w.menuIdioma(idioma)->trigger();
+            QVERIFY2(recorrido::sinNombreAccesible(w).isEmpty(),
+                     qPrintable(recorrido::sinNombreAccesible(w).join(", ")));
+            const auto nombre = [&](const char* control) {
+                QWidget* c = w.findChild<QWidget*>(control);
+                return QAccessible::queryAccessibleInterface(c)->text(QAccessible::Name);
+            };
+            QCOMPARE(nombre("TxtNomEtiq"), m_mb->Textos(552));
+            QCOMPARE(nombre("VSVer"), m_mb->Textos(1306));
+            QCOMPARE(nombre("TxtValorHor"), m_mb->Textos(1305));
+            QCOMPARE(nombre("VSEtiq"), m_mb->Textos(1317));
+            QToolBar* barra = w.findChild<QToolBar*>("Toolbar1");
+            QAction* abrir = w.findChild<QAction*>("Abrir");
+            QWidget* boton = barra->widgetForAction(abrir);
+            QCOMPARE(QAccessible::queryAccessibleInterface(boton)->text(QAccessible::Name), m_mb->Textos(1311));
+        }
+    }
+
+    // The standard buttons of a question and the file dialog speak the
+    // language in force: the one of the start, and the one chosen next.
+    void qtEnElIdioma_data()
+    {
+        QTest::addColumn<int>("alArrancar");
+        QTest::addColumn<int>("idioma");
+        QTest::addColumn<QString>("buscarEn"); // the file dialog's "Look in:", Qt's own
+        const char* buscarEn[8] = {"Ver en:", "Look in:", "Procurar em:", "Zoeken in:",
+                                   "Voir dans :", "Cerca in:",
+                                   "Αναζήτηση σε:", // the catalogue's: the system's Qt has no Greek
+                                   "Szukaj w:"};
+        for (int i = 1; i <= 8; ++i) {
+            const int despues = i % 8 + 1;
+            QTest::addRow("%s, then %s", qPrintable(captionIdioma(i)), qPrintable(captionIdioma(despues)))
+                << i << despues << QString::fromUtf8(buscarEn[despues - 1]);
+        }
+    }
+
+    void qtEnElIdioma()
+    {
+        QFETCH(int, alArrancar);
+        QFETCH(int, idioma);
+        m_dir->prepare(*m_mb, alArrancar);
+        QtInteraction ui;
+        frmBase w(*m_mb, ui);
+        ui.setParent(&w);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        const TextTable& T = m_mb->Textos;
+        // The close question, cancelled.
+        m_mb->Modificado = true;
+        bool visto = false;
+        responder(QMessageBox::Cancel, [&](QMessageBox& box) {
+            QCOMPARE(box.text(), T(1315));
+            QCOMPARE(recorrido::sinMnemonico(box.button(QMessageBox::Yes)->text()), T(285));
+            QCOMPARE(recorrido::sinMnemonico(box.button(QMessageBox::No)->text()), T(286));
+            QCOMPARE(recorrido::sinMnemonico(box.button(QMessageBox::Cancel)->text()), T(288));
+            visto = true;
+        });
+        w.findChild<QAction*>("mnuArchivoSalir")->trigger();
+        QVERIFY(visto);
+        QVERIFY(w.isVisible());
+        // The open dialog in the next language, cancelled.
+        w.menuIdioma(idioma)->trigger();
+        m_mb->Modificado = false;
+        QString etiqueta, abrir;
+        QTimer::singleShot(0, [&] {
+            auto* d = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            QVERIFY(d);
+            etiqueta = d->findChild<QLabel*>("lookInLabel")->text();
+            auto* botones = d->findChild<QDialogButtonBox*>("buttonBox");
+            abrir = recorrido::sinMnemonico(botones->button(QDialogButtonBox::Open)->text());
+            QTest::mouseClick(botones->button(QDialogButtonBox::Cancel), Qt::LeftButton);
+        });
+        w.findChild<QAction*>("mnuArchivoCargar")->trigger();
+        QFETCH(QString, buscarEn);
+        QCOMPARE(etiqueta, buscarEn);
+        QCOMPARE(abrir, T(1311));
     }
 
 private:

@@ -7,7 +7,9 @@
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
+#include "Recorrido.h"
 #include "frmBorrar.h"
+#include "frmCargaTXL.h"
 #include "frmConfig.h"
 #include "frmDES.h"
 #include "frmEnvio.h"
@@ -23,6 +25,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
+#include <QWindow>
 #include <QtTest>
 #include <memory>
 #include <vector>
@@ -44,6 +47,41 @@ void teclear(QWidget* w, const QString& texto)
     for (QChar c : texto)
         QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
+
+// A fresh object of each dialog the main window opens (the transfer window
+// aside: showing it sends).
+std::vector<std::unique_ptr<QDialog>> dialogos(ModBase& mb, UserInteraction& ui)
+{
+    std::vector<std::unique_ptr<QDialog>> ds;
+    ds.emplace_back(new frmConfig(mb, ui));
+    ds.emplace_back(new frmTXL(mb));
+    ds.emplace_back(new frmTXF(mb));
+    ds.emplace_back(new frmDES(mb));
+    ds.emplace_back(new frmTipoEtiq(mb));
+    ds.emplace_back(new frmBorrar(mb));
+    return ds;
+}
+
+// Calls `f` with the window named `nombre` when it is shown.
+class AlMostrar : public QObject {
+public:
+    AlMostrar(const char* nombre, std::function<void(QWidget*)> f) : m_nombre(nombre), m_f(std::move(f))
+    {
+        qApp->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* o, QEvent* e) override
+    {
+        if (e->type() == QEvent::Show && o->isWidgetType() && o->objectName() == QLatin1String(m_nombre))
+            m_f(static_cast<QWidget*>(o));
+        return false;
+    }
+
+private:
+    const char* m_nombre;
+    std::function<void(QWidget*)> m_f;
+};
 
 } // namespace
 
@@ -164,19 +202,21 @@ private slots:
         bool vista = false, sinCierre = false;
         QString titulo;
         int max = -1;
-        QTimer espia;
-        connect(&espia, &QTimer::timeout, [&] {
-            for (QWidget* t : QApplication::topLevelWidgets())
-                if (t->objectName() == "frmEnvio" && t->isVisible()) {
-                    vista = true;
-                    titulo = t->windowTitle();
-                    sinCierre = !(t->windowFlags() & Qt::WindowCloseButtonHint);
-                    max = t->findChild<QProgressBar*>("ProBar1")->maximum();
-                }
+        // Seen as it comes on the screen: a short transfer is over before
+        // any timer could look.
+        AlMostrar espia("frmEnvio", [&](QWidget* t) {
+            vista = true;
+            titulo = t->windowTitle();
+            // No title bar of the system's, whose buttons a window
+            // manager would add: the title is the window's own.
+            const Qt::WindowFlags f = t->windowHandle()->flags();
+            sinCierre = (f & Qt::FramelessWindowHint) &&
+                        !(f & (Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint |
+                               Qt::WindowSystemMenuHint)) &&
+                        t->findChild<QLabel*>("lblTitulo")->text() == t->windowTitle();
+            max = t->findChild<QProgressBar*>("ProBar1")->maximum();
         });
-        espia.start(5);
         QTest::mouseClick(hijo<QPushButton>(w, boton), Qt::LeftButton);
-        espia.stop();
 
         QVERIFY(vista);
         QCOMPARE(titulo, QStringLiteral("Enviando..."));
@@ -351,6 +391,29 @@ private slots:
         QVERIFY(m_mb->Modificado);
     }
 
+    // Every dialog in every language: each caption fits its widget, each
+    // control has a name a screen reader says.
+    void recorrido_data() { recorrido::filasIdiomas(); }
+
+    void recorrido()
+    {
+        QFETCH(int, idioma);
+        m_mb->Idioma = static_cast<int16_t>(idioma);
+        QCOMPARE(CargarTextos(*m_mb, m_mb->Idioma), int16_t(0));
+        ScriptedInteraction ui;
+        std::vector<std::unique_ptr<QDialog>> ds = dialogos(*m_mb, ui);
+        ds.emplace_back(new frmCargaTXL(*m_mb));
+        QStringList fallos;
+        for (auto& d : ds) {
+            d->show();
+            QVERIFY(QTest::qWaitForWindowExposed(d.get()));
+            for (const QString& f : recorrido::textosCortados(*d) + recorrido::sinNombreAccesible(*d))
+                fallos.append(d->objectName() + ": " + f);
+            d->hide();
+        }
+        QVERIFY2(fallos.isEmpty(), qPrintable(fallos.join("\n")));
+    }
+
     // Pictures of every dialog for a person to look at, in Spanish and in
     // Greek, when KORVO_SHOTS names a folder; skipped otherwise.
     void capturas()
@@ -367,14 +430,7 @@ private slots:
             for (int n : {1, 3, 11, 13, 26, 27})
                 m_mb->Campos(n).Presente = "1";
             ScriptedInteraction ui;
-            std::vector<std::unique_ptr<QDialog>> ds;
-            ds.emplace_back(new frmConfig(*m_mb, ui));
-            ds.emplace_back(new frmTXL(*m_mb));
-            ds.emplace_back(new frmTXF(*m_mb));
-            ds.emplace_back(new frmDES(*m_mb));
-            ds.emplace_back(new frmTipoEtiq(*m_mb));
-            ds.emplace_back(new frmBorrar(*m_mb));
-            for (auto& d : ds) {
+            for (auto& d : dialogos(*m_mb, ui)) {
                 d->show();
                 QVERIFY(QTest::qWaitForWindowExposed(d.get()));
                 QVERIFY(d->grab().save(QStringLiteral("%1/%2-%3.png")

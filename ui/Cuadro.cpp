@@ -4,6 +4,7 @@
 #include "Picture.h"
 
 #include <QGuiApplication>
+#include <algorithm>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -55,6 +56,26 @@ QRectF Cuadro::rectCaja(int n) const
 {
     const Caja& c = m_editor.superficie.Imagen(n);
     return rectUnidades(c.left(), c.top(), c.width(), c.height());
+}
+
+QRectF Cuadro::rectTexto(int n) const
+{
+    return rectCaja(n).adjusted(2, 0, -1, 0);
+}
+
+QFont Cuadro::fuenteCaja(int n) const
+{
+    // The caption in the largest size, down to a small one, that fits its
+    // box: a long word of a language must not be cut.
+    const QString& caption = m_editor.superficie.Imagen(n).caption;
+    const double ancho = rectTexto(n).width();
+    QFont f = font();
+    for (int tamano = 11; tamano >= 7; --tamano) {
+        f.setPixelSize(tamano);
+        if (QFontMetricsF(f).horizontalAdvance(caption) <= ancho)
+            break;
+    }
+    return f;
 }
 
 int Cuadro::cajaEn(const QPointF& pos) const
@@ -120,9 +141,6 @@ void Cuadro::paintEvent(QPaintEvent*)
             p.fillRect(rectUnidades(b->left, b->top, b->width, b->height),
                        colorDe(Superficie::kColorBandas));
 
-    QFont f = font();
-    f.setPixelSize(11);
-    p.setFont(f);
     for (int n = 0; n <= 36; ++n) {
         const Caja& c = s.Imagen(n);
         if (!c.visible)
@@ -133,8 +151,8 @@ void Cuadro::paintEvent(QPaintEvent*)
         p.setPen(QPen(fondoCaja.darker(140), 0));
         p.drawRect(r.adjusted(0, 0, -1, -1));
         p.setPen(c.rojo ? QColor(255, 0, 0) : QColor(0, 0, 0));
-        p.drawText(r.adjusted(3, 0, -2, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                   c.caption);
+        p.setFont(fuenteCaja(n));
+        p.drawText(rectTexto(n), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, c.caption);
     }
 
     QPen guia(colorDe(Superficie::kColorGuias), 0, Qt::DotLine);
@@ -214,14 +232,34 @@ Regla::Regla(Qt::Orientation orientacion, QWidget* parent)
     setObjectName(orientacion == Qt::Horizontal ? QStringLiteral("Image1") : QStringLiteral("Image2"));
 }
 
+QFont Regla::fuente() const
+{
+    QFont f = font();
+    f.setPixelSize(9);
+    return f;
+}
+
+QRectF Regla::rectNumero(int i) const
+{
+    // Beside its tick; a number at the end of a ruler stands before its
+    // tick, inside the ruler.
+    const bool horizontal = m_orientacion == Qt::Horizontal;
+    const double pos = i * (horizontal ? kPxPorUnidadHor : kPxPorUnidadVer);
+    const QFontMetricsF fm(fuente());
+    const double alto = fm.height();
+    if (horizontal) {
+        const double ancho = fm.horizontalAdvance(QString::number(i)) + 1;
+        return QRectF(std::min(pos + 1, width() - ancho), 0, ancho, height() * 0.6);
+    }
+    return QRectF(0, std::min(pos + 1, height() - alto), width() * 0.75, alto);
+}
+
 void Regla::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
     p.fillRect(rect(), QColor(250, 250, 240));
     p.setPen(QColor(60, 60, 60));
-    QFont f = font();
-    f.setPixelSize(9);
-    p.setFont(f);
+    p.setFont(fuente());
     const bool horizontal = m_orientacion == Qt::Horizontal;
     const double paso = horizontal ? kPxPorUnidadHor : kPxPorUnidadVer;
     const double largo = horizontal ? width() : height();
@@ -234,12 +272,8 @@ void Regla::paintEvent(QPaintEvent*)
             p.drawLine(QPointF(pos, grueso), QPointF(pos, grueso - t));
         else
             p.drawLine(QPointF(grueso, pos), QPointF(grueso - t, pos));
-        if (i % 10 == 0 && i > 0) {
-            const QString n = QString::number(i);
-            if (horizontal)
-                p.drawText(QRectF(pos + 1, 0, 20, grueso * 0.6), Qt::AlignLeft | Qt::AlignVCenter, n);
-            else
-                p.drawText(QRectF(0, pos + 1, grueso * 0.75, 12), Qt::AlignLeft | Qt::AlignTop, n);
-        }
+        if (i % 10 == 0 && i > 0)
+            p.drawText(rectNumero(i), Qt::AlignLeft | (horizontal ? Qt::AlignVCenter : Qt::AlignTop),
+                       QString::number(i));
     }
 }

@@ -38,6 +38,10 @@ public:
     static QPointF unidadesDe(const QPointF& pos);
     // Box n as the screen shows it.
     QRectF rectCaja(int n) const;
+    // Where box n writes its caption, and in what font: the largest that
+    // lets the caption fit.
+    QRectF rectTexto(int n) const;
+    QFont fuenteCaja(int n) const;
     // The box under a point of this widget, -1 for the bare surface. The
     // boxes of higher numbers lie on top.
     int cajaEn(const QPointF& pos) const;
@@ -72,6 +76,9 @@ class Regla : public QWidget {
     Q_OBJECT
 public:
     Regla(Qt::Orientation orientacion, QWidget* parent = nullptr);
+    // Where the number of unit i is written, and in what.
+    QRectF rectNumero(int i) const;
+    QFont fuente() const;
 
 protected:
     void paintEvent(QPaintEvent*) override;

@@ -8,6 +8,7 @@
 #include "Iconos.h"
 #include "ModBase.h"
 #include "Recuperacion.h"
+#include "TraduccionQt.h"
 #include "frmCargaTXL.h"
 #include "frmVistaPrevia.h"
 
@@ -17,27 +18,28 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QDateTime>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QVBoxLayout>
+#include <algorithm>
 
 using Escala::px;
 
 namespace {
 
-// The window's layout in window millimetres, as it was drawn; the tool bar
-// stands above the drawing area, so everything moves up by its height.
-constexpr double kToolbarMm = 8.0;
+// The surface's side is placed in window millimetres: the left margin of
+// the window's content, the rulers' thickness.
 constexpr double kPaletaLeftMm = 240 / Escala::kTwipsPorMm;
-constexpr double kPaletaAnchoMm = 2535 / Escala::kTwipsPorMm;
-constexpr double kPaletaAltoMm = 307 / Escala::kTwipsPorMm;
-constexpr double kCuadroLeftMm = 3600 / Escala::kTwipsPorMm;
-constexpr double kCuadroTopMm = 1560 / Escala::kTwipsPorMm - kToolbarMm;
 constexpr double kReglaMm = 4.5;
 
 QRect rectMm(double left, double top, double width, double height)
@@ -96,6 +98,7 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
       m_editor(mb, ui, m_files, *this, *this)
 {
     setObjectName(QStringLiteral("frmBase"));
+    traducirQt(m_mb, m_mb.Idioma);
     // The background is loaded once, with the surface below, which also
     // reports a picture it cannot read.
     const int minimo = cargaBase(m_mb, m_ui, [](const QString&) { return true; });
@@ -205,13 +208,15 @@ void frmBase::construirMenus()
         a->setCheckable(true);
         a->setData(i);
         m_idiomas->addAction(a);
-        connect(a, &QAction::triggered, this,
-                [this, i] { CambiarIdioma(m_mb, static_cast<int16_t>(i), *this); });
+        connect(a, &QAction::triggered, this, [this, i] {
+            CambiarIdioma(m_mb, static_cast<int16_t>(i), *this);
+            traducirQt(m_mb, m_mb.Idioma);
+        });
     }
 
     QAction* acerca = bar->addAction(QString());
     acerca->setObjectName(QStringLiteral("mnuAcerca"));
-    m_entradas.append({acerca, 296, true});
+    m_entradas.append({acerca, 296, false});
     connect(acerca, &QAction::triggered, this, [this] {
         if (m_acerca)
             m_acerca();
@@ -322,35 +327,70 @@ void frmBase::construirToolbar()
 
 void frmBase::construirLienzo()
 {
-    m_lienzo = new QWidget(this);
+    // Everything below the tool bar scrolls, so the window fits any screen;
+    // on the usual ones it is all in sight at once.
+    m_area = new QScrollArea(this);
+    m_area->setObjectName(QStringLiteral("areaLienzo"));
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setWidgetResizable(true);
+    setCentralWidget(m_area);
+    m_lienzo = new QWidget;
     m_lienzo->setObjectName(QStringLiteral("lienzo"));
-    setCentralWidget(m_lienzo);
+    m_area->setWidget(m_lienzo);
 
-    const double x = kPaletaLeftMm;
-    m_TxtNombre = new QLabel(m_lienzo);
-    m_TxtNombre->setObjectName(QStringLiteral("TxtNombre"));
-    m_TxtNombre->setGeometry(rectMm(x, 0.5, kPaletaAnchoMm, 4.5));
+    // Two columns: the boxes and the palette, laid out by their captions'
+    // own sizes in whatever language; and the surface with its rulers, label
+    // line and fixed texts, placed by the surface's size.
+    auto* fila = new QHBoxLayout(m_lienzo);
+    fila->setContentsMargins(px(kPaletaLeftMm), px(1), px(2), px(1));
+    fila->setSpacing(px(5));
+    auto* izquierda = new QVBoxLayout;
+    izquierda->setSpacing(px(1));
+    fila->addLayout(izquierda);
+    m_zonaCuadro = new QWidget(m_lienzo);
+    m_zonaCuadro->setObjectName(QStringLiteral("zonaCuadro"));
+    fila->addWidget(m_zonaCuadro, 1, Qt::AlignLeft | Qt::AlignTop);
+
+    const auto caption = [&](const char* nombre) {
+        auto* l = new QLabel(m_lienzo);
+        l->setObjectName(QString::fromLatin1(nombre));
+        izquierda->addWidget(l);
+        return l;
+    };
+    const auto valor = [&](const char* nombre) {
+        auto* t = new QLineEdit(m_lienzo);
+        t->setObjectName(QString::fromLatin1(nombre));
+        t->setReadOnly(true);
+        t->setAlignment(Qt::AlignCenter);
+        t->setFixedWidth(px(10));
+        return t;
+    };
+    const auto flechas = [&](const char* nombre) {
+        auto* vs = new QScrollBar(Qt::Vertical, m_lienzo);
+        vs->setObjectName(QString::fromLatin1(nombre));
+        vs->setFixedSize(px(4), px(8));
+        vs->setTracking(false);
+        return vs;
+    };
+
+    m_TxtNombre = caption("TxtNombre");
     m_TxtNomEtiq = new QLineEdit(m_lienzo);
     m_TxtNomEtiq->setObjectName(QStringLiteral("TxtNomEtiq"));
     m_TxtNomEtiq->setMaxLength(7);
-    m_TxtNomEtiq->setGeometry(rectMm(x, 5, 30, 6));
+    m_TxtNomEtiq->setFixedWidth(px(30));
+    m_TxtNombre->setBuddy(m_TxtNomEtiq);
+    izquierda->addWidget(m_TxtNomEtiq);
     connect(m_TxtNomEtiq, &QLineEdit::textEdited, this, [this](const QString& t) {
         m_files.cambioNombre(t);
         m_lblNombre->setText(m_files.controles.lblNombre);
     });
+    izquierda->addSpacing(px(1.5));
 
-    m_TxtEtiq = new QLabel(m_lienzo);
-    m_TxtEtiq->setObjectName(QStringLiteral("TxtEtiq"));
-    m_TxtEtiq->setGeometry(rectMm(x, 12, kPaletaAnchoMm, 4.5));
-    m_TxtNumEtiq = new QLineEdit(m_lienzo);
-    m_TxtNumEtiq->setObjectName(QStringLiteral("TxtNumEtiq"));
-    m_TxtNumEtiq->setReadOnly(true);
-    m_TxtNumEtiq->setAlignment(Qt::AlignCenter);
-    m_TxtNumEtiq->setGeometry(rectMm(x, 16.5, 10, 6));
-    m_VSEtiq = new QScrollBar(Qt::Vertical, m_lienzo);
-    m_VSEtiq->setObjectName(QStringLiteral("VSEtiq"));
-    m_VSEtiq->setGeometry(rectMm(x + 10.5, 15.5, 4, 8));
+    m_TxtEtiq = caption("TxtEtiq");
+    m_TxtNumEtiq = valor("TxtNumEtiq");
+    m_VSEtiq = flechas("VSEtiq");
     m_VSEtiq->setMaximum(5);
+    m_TxtEtiq->setBuddy(m_TxtNumEtiq);
     // A thumb dragged along changes the label once, where it is let go.
     m_VSEtiq->setTracking(false);
     connect(m_VSEtiq, &QScrollBar::valueChanged, this, [this](int v) {
@@ -370,62 +410,78 @@ void frmBase::construirLienzo()
             },
             Qt::QueuedConnection);
     });
+    auto* numero = new QHBoxLayout;
+    numero->setSpacing(px(0.5));
+    numero->addWidget(m_TxtNumEtiq);
+    numero->addWidget(m_VSEtiq);
+    numero->addStretch(1);
+    izquierda->addLayout(numero);
+    izquierda->addSpacing(px(1.5));
 
-    const auto tamano = [&](const char* caption, const char* valor, const char* barra, double y,
-                            QLabel*& lbl, QLineEdit*& txt, QScrollBar*& vs) {
+    // The two sizes: caption, value, arrows; the rows apart, so that the
+    // arrows of one do not touch those of the other.
+    auto* tamanos = new QGridLayout;
+    tamanos->setHorizontalSpacing(px(1));
+    tamanos->setVerticalSpacing(px(1.5));
+    const auto tamano = [&](int fila, const char* nombre, const char* nombreValor,
+                            const char* nombreBarra, QLabel*& lbl, QLineEdit*& txt, QScrollBar*& vs) {
         lbl = new QLabel(m_lienzo);
-        lbl->setObjectName(QString::fromLatin1(caption));
-        lbl->setGeometry(rectMm(x, y, 20, 6));
-        txt = new QLineEdit(m_lienzo);
-        txt->setObjectName(QString::fromLatin1(valor));
-        txt->setReadOnly(true);
-        txt->setAlignment(Qt::AlignCenter);
-        txt->setGeometry(rectMm(x + 21, y, 10, 6));
-        vs = new QScrollBar(Qt::Vertical, m_lienzo);
-        vs->setObjectName(QString::fromLatin1(barra));
-        vs->setGeometry(rectMm(x + 31.5, y - 1, 4, 8));
+        lbl->setObjectName(QString::fromLatin1(nombre));
+        txt = valor(nombreValor);
+        vs = flechas(nombreBarra);
         vs->setPageStep(20);
-        vs->setTracking(false);
+        lbl->setBuddy(txt);
+        tamanos->addWidget(lbl, fila, 0);
+        tamanos->addWidget(txt, fila, 1);
+        tamanos->addWidget(vs, fila, 2);
     };
-    tamano("TxtHor", "TxtValorHor", "VSHor", 25, m_TxtHor, m_TxtValorHor, m_VSHor);
+    tamano(0, "TxtHor", "TxtValorHor", "VSHor", m_TxtHor, m_TxtValorHor, m_VSHor);
     m_VSHor->setRange(25, 57);
     m_VSHor->setValue(m_editor.superficie.VSHor);
-    tamano("TxtVer", "TxtValorVer", "VSVer", 32, m_TxtVer, m_TxtValorVer, m_VSVer);
+    tamano(1, "TxtVer", "TxtValorVer", "VSVer", m_TxtVer, m_TxtValorVer, m_VSVer);
     m_VSVer->setRange(1, 99);
     m_VSVer->setValue(m_files.controles.VSVer);
     connect(m_VSVer, &QScrollBar::valueChanged, this,
             [this](int v) { orden([this, v] { m_editor.cambioVSVer(v); }); });
+    tamanos->setColumnStretch(3, 1);
+    izquierda->addLayout(tamanos);
+    izquierda->addSpacing(px(1));
 
     m_ChkCompatibilidad = new CasillaModelo(QStringLiteral("Sirel V: 1X-Y??"), m_lienzo);
     m_ChkCompatibilidad->setObjectName(QStringLiteral("ChkCompatibilidad"));
-    m_ChkCompatibilidad->setGeometry(rectMm(x, 38.5, kPaletaAnchoMm, 5.5));
     m_ChkCompatibilidad->alPulsar = [this] { orden([this] { m_editor.pulsarCompatibilidad(); }); };
+    izquierda->addWidget(m_ChkCompatibilidad);
+    izquierda->addSpacing(px(2));
 
+    // The palette in two columns, in the order of the buttons' places.
+    m_paleta = new QGridLayout;
+    m_paleta->setSpacing(px(0.5));
+    izquierda->addLayout(m_paleta);
+    izquierda->addStretch(1);
     for (int i = 0; i <= 15; ++i) {
         QPushButton* b = new QPushButton(m_lienzo);
         b->setObjectName(QStringLiteral("CBDisplay%1").arg(i));
         b->setFocusPolicy(Qt::NoFocus);
+        b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         connect(b, &QPushButton::clicked, this, [this, i] { orden([this, i] { m_editor.pulsarCBDisplay(i); }); });
         m_CBDisplay[i] = b;
     }
 
-    m_lblNombre = new QLabel(m_lienzo);
+    m_lblNombre = new QLabel(m_zonaCuadro);
     m_lblNombre->setObjectName(QStringLiteral("lblNombre"));
     QFont negrita = m_lblNombre->font();
     negrita.setBold(true);
     negrita.setPointSizeF(negrita.pointSizeF() * 1.2);
     m_lblNombre->setFont(negrita);
-    m_lblNombre->setGeometry(rectMm(kCuadroLeftMm, 3, 114, 7));
 
-    m_reglaHor = new Regla(Qt::Horizontal, m_lienzo);
-    m_reglaVer = new Regla(Qt::Vertical, m_lienzo);
-    m_cuadro = new Cuadro(m_editor, m_fondo, m_lienzo);
-    m_cuadro->move(px(kCuadroLeftMm), px(kCuadroTopMm));
+    m_reglaHor = new Regla(Qt::Horizontal, m_zonaCuadro);
+    m_reglaVer = new Regla(Qt::Vertical, m_zonaCuadro);
+    m_cuadro = new Cuadro(m_editor, m_fondo, m_zonaCuadro);
     m_cuadro->sobreCajaTexto = [this](const QPoint& g) { return sobreCajaTexto(g); };
     m_cuadro->trasRaton = [this] { mostrarEstado(); };
 
     for (int i = 0; i < 2; ++i) {
-        EtiquetaTextoFijo* l = new EtiquetaTextoFijo(m_lienzo);
+        EtiquetaTextoFijo* l = new EtiquetaTextoFijo(m_zonaCuadro);
         l->setObjectName(QStringLiteral("lblTXF%1").arg(i + 1));
         l->setFrameShape(QFrame::Panel);
         l->setFrameShadow(QFrame::Sunken);
@@ -438,14 +494,17 @@ void frmBase::construirLienzo()
         m_lblTXF[i] = l;
     }
 
+    // The status panels, each as wide as its text and a gap.
     m_panelTipo = new QLabel(this);
     m_panelTipo->setObjectName(QStringLiteral("StatusBar1Panel1"));
     m_panelX = new QLabel(this);
     m_panelX->setObjectName(QStringLiteral("StatusBar1Panel2"));
     m_panelY = new QLabel(this);
     m_panelY->setObjectName(QStringLiteral("StatusBar1Panel3"));
-    for (QLabel* l : {m_panelTipo, m_panelX, m_panelY})
+    for (QLabel* l : {m_panelTipo, m_panelX, m_panelY}) {
         l->setMinimumWidth(px(25));
+        l->setContentsMargins(px(1), 0, px(2), 0);
+    }
     statusBar()->addWidget(m_panelTipo);
     statusBar()->addWidget(m_panelX);
     statusBar()->addWidget(m_panelY, 1);
@@ -454,21 +513,78 @@ void frmBase::construirLienzo()
 
 void frmBase::situarLienzo()
 {
+    // The surface's side: label line, rulers, surface, the two fixed texts,
+    // in window mm from the zone's corner.
     const Superficie& s = m_editor.superficie;
+    const double izquierda = kReglaMm + 0.5;
+    const double arriba = 7.5 + kReglaMm;
     m_cuadro->ajustarTamano();
-    m_reglaHor->setGeometry(rectMm(kCuadroLeftMm, kCuadroTopMm - kReglaMm, s.anchoExterior, kReglaMm));
-    m_reglaVer->setGeometry(
-        rectMm(kCuadroLeftMm - kReglaMm - 0.5, kCuadroTopMm, kReglaMm, s.largoRegla));
-    const double bajo = kCuadroTopMm + s.altoExterior + 3;
+    m_cuadro->move(px(izquierda), px(arriba));
+    m_lblNombre->setGeometry(rectMm(izquierda, 0, s.anchoExterior, 7));
+    m_reglaHor->setGeometry(rectMm(izquierda, arriba - kReglaMm, s.anchoExterior, kReglaMm));
+    m_reglaVer->setGeometry(rectMm(0, arriba, kReglaMm, s.largoRegla));
+    const double bajo = arriba + std::max<double>(s.altoExterior, s.largoRegla) + 3;
     for (int i = 0; i < 2; ++i)
-        m_lblTXF[i]->setGeometry(rectMm(kCuadroLeftMm, bajo + i * 7, s.anchoExterior, 6));
-    double fin = bajo + 14;
+        m_lblTXF[i]->setGeometry(rectMm(izquierda, bajo + i * 7, s.anchoExterior, 6));
+    m_zonaCuadro->setFixedSize(px(izquierda + s.anchoExterior + 1), px(bajo + 14));
+
+    // The palette's visible buttons in the order of their places, down the
+    // first column and then the second.
+    QList<int> visibles;
     for (int i = 0; i <= 15; ++i) {
-        const BotonCBDisplay& b = m_editor.CBDisplay(i);
-        m_CBDisplay[i]->setGeometry(rectMm(kPaletaLeftMm, b.top - kToolbarMm, kPaletaAnchoMm, kPaletaAltoMm));
-        fin = std::max(fin, b.top - kToolbarMm + kPaletaAltoMm + 3);
+        m_paleta->removeWidget(m_CBDisplay[i]);
+        if (m_editor.CBDisplay(i).visible)
+            visibles.append(i);
     }
-    m_lienzo->setMinimumSize(px(kCuadroLeftMm + s.anchoExterior + 6), px(fin));
+    std::stable_sort(visibles.begin(), visibles.end(),
+                     [this](int a, int b) { return m_editor.CBDisplay(a).top < m_editor.CBDisplay(b).top; });
+    // Both columns as wide as the widest caption asks.
+    int ancho = 0;
+    for (QPushButton* b : m_CBDisplay)
+        ancho = std::max(ancho, b->sizeHint().width() + px(2));
+    for (QPushButton* b : m_CBDisplay)
+        b->setMinimumWidth(ancho);
+    const int filas = (visibles.size() + 1) / 2;
+    for (int k = 0; k < visibles.size(); ++k)
+        m_paleta->addWidget(m_CBDisplay[visibles.at(k)], k % filas, k / filas);
+}
+
+void frmBase::ajustarAPantalla()
+{
+    // As large as the content asks, within the screen's free area less the
+    // window's frame; the scroll area takes what does not fit.
+    QScreen* pantalla = screen();
+    if (!pantalla)
+        return;
+    const QRect libre = pantalla->availableGeometry();
+    const QMargins marco = frameGeometry().isValid() && isVisible()
+                               ? QMargins(geometry().left() - frameGeometry().left(),
+                                          geometry().top() - frameGeometry().top(),
+                                          frameGeometry().right() - geometry().right(),
+                                          frameGeometry().bottom() - geometry().bottom())
+                               : QMargins(8, 32, 8, 8);
+    // Menu bar, tool bar and status bar above and below the content.
+    const QSize chrome(0, menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() +
+                              statusBar()->sizeHint().height());
+    const QSize deseado = m_lienzo->minimumSizeHint() + chrome;
+    const QSize maximo = libre.size().shrunkBy(marco);
+    // Later it grows only when the content has grown (new captions, a
+    // taller label), and never shrinks under the person.
+    if (m_ajustado && deseado == m_deseado)
+        return;
+    m_deseado = deseado;
+    const QSize nuevo = (m_ajustado ? size().expandedTo(deseado) : deseado).boundedTo(maximo);
+    if (nuevo == size())
+        return;
+    resize(nuevo);
+    // Kept inside the free area; where it stands is otherwise the window
+    // manager's choice.
+    if (!isVisible() || libre.contains(frameGeometry()))
+        return;
+    QRect r = frameGeometry();
+    r.moveLeft(std::clamp(r.left(), libre.left(), std::max(libre.left(), libre.right() - r.width() + 1)));
+    r.moveTop(std::clamp(r.top(), libre.top(), std::max(libre.top(), libre.bottom() - r.height() + 1)));
+    move(r.topLeft());
 }
 
 bool frmBase::sobreCajaTexto(const QPoint& global) const
@@ -515,6 +631,7 @@ void frmBase::refresh()
     m_convertir->setToolTip(total ? T(1341) : T(1340));
     m_panelTipo->setText(total ? T(1310) : T(1317));
     m_files.completarLblNombre();
+    nombresAccesibles();
     mostrar();
 }
 
@@ -553,10 +670,29 @@ void frmBase::mostrar()
     }
     m_ChkCompatibilidad->setChecked(m_mb.ModeloNuevo != 0);
     situarLienzo();
+    ajustarAPantalla();
     mostrarEstado();
     update();
     m_cuadro->update();
     m_reglaVer->update();
+}
+
+void frmBase::nombresAccesibles()
+{
+    // What a screen reader says for each control: a tool bar button's tip,
+    // the caption beside a box or its arrows.
+    for (QAction* a : m_toolbar->actions())
+        if (QWidget* boton = m_toolbar->widgetForAction(a); boton && !a->isSeparator())
+            boton->setAccessibleName(a->toolTip());
+    const auto nombrar = [](QLabel* caption, std::initializer_list<QWidget*> controles) {
+        for (QWidget* c : controles)
+            c->setAccessibleName(caption->text());
+    };
+    nombrar(m_TxtNombre, {m_TxtNomEtiq});
+    nombrar(m_TxtEtiq, {m_TxtNumEtiq, m_VSEtiq});
+    nombrar(m_TxtHor, {m_TxtValorHor, m_VSHor, m_area->horizontalScrollBar()});
+    nombrar(m_TxtVer, {m_TxtValorVer, m_VSVer, m_area->verticalScrollBar()});
+    m_cuadro->setAccessibleName(m_panelTipo->text());
 }
 
 void frmBase::mostrarEstado()
@@ -650,6 +786,16 @@ bool frmBase::cargar(const QString& ruta)
     if (m_cuadro)
         m_cuadro->update();
     return true;
+}
+
+void frmBase::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    // Once on the screen it is shown on, with its frame known.
+    if (!m_ajustado) {
+        ajustarAPantalla();
+        m_ajustado = true;
+    }
 }
 
 void frmBase::closeEvent(QCloseEvent* event)

@@ -15,9 +15,11 @@ struct ModBase;
 class Cuadro;
 class QAction;
 class QActionGroup;
+class QGridLayout;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QScrollArea;
 class QScrollBar;
 class QToolBar;
 class Regla;
@@ -90,6 +92,7 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     struct Entrada {
@@ -107,6 +110,9 @@ private:
     // rewritten and no box is moved to its record.
     void mostrar();
     void mostrarEstado();
+    // The window's size: its content's, within the screen's free area.
+    void ajustarAPantalla();
+    void nombresAccesibles();
     // Runs a command, then shows what it left.
     void orden(const std::function<void()>& f);
     bool sobreCajaTexto(const QPoint& global) const;
@@ -143,7 +149,12 @@ private:
     QList<QPair<QAction*, int>> m_tips; // tool bar buttons and their text ids
     QAction* m_convertir = nullptr;
 
+    QScrollArea* m_area = nullptr;
     QWidget* m_lienzo = nullptr;
+    QWidget* m_zonaCuadro = nullptr;
+    QGridLayout* m_paleta = nullptr;
+    bool m_ajustado = false;
+    QSize m_deseado; // the content's size at the last fitting
     Cuadro* m_cuadro = nullptr;
     Regla* m_reglaHor = nullptr;
     Regla* m_reglaVer = nullptr;

@@ -92,6 +92,8 @@ QLineEdit* frmConfig::titulo(const QString& objeto, const QString& texto, QCombo
     t->setFrame(false);
     t->setStyleSheet(QStringLiteral("QLineEdit { background: transparent; }"));
     t->setFocusProxy(lista);
+    t->setAccessibleName(texto);
+    lista->setAccessibleName(texto);
     return t;
 }
 

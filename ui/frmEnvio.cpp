@@ -5,24 +5,42 @@
 #include "UserInteraction.h"
 
 #include <QCloseEvent>
+#include <QFrame>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
 frmEnvio::frmEnvio(ModBase& mb, UserInteraction& ui, QWidget* parent)
-    // A title and nothing else: no close box, no way out but the end.
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
+    // No close box, no button, no way out but the end. A window manager
+    // offers minimise, maximise and close on any title bar it draws unless
+    // told of some function the window does have, and the only ones there
+    // are to tell are those very buttons: so the window has no frame of the
+    // system's and carries its title and border itself.
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
 {
     setObjectName(QStringLiteral("frmEnvio"));
     setWindowTitle(QStringLiteral("Enviando..."));
+    auto* marco = new QFrame(this);
+    marco->setObjectName(QStringLiteral("marco"));
+    marco->setFrameShape(QFrame::WinPanel);
+    marco->setFrameShadow(QFrame::Raised);
+    lblTitulo = new QLabel(windowTitle(), marco);
+    lblTitulo->setObjectName(QStringLiteral("lblTitulo"));
+    QFont negrita = lblTitulo->font();
+    negrita.setBold(true);
+    lblTitulo->setFont(negrita);
     ProBar1 = new QProgressBar(this);
     ProBar1->setObjectName(QStringLiteral("ProBar1"));
     ProBar1->setTextVisible(false);
     lblText = new QLabel(this);
     lblText->setObjectName(QStringLiteral("lblText"));
     lblText->setMinimumWidth(360);
-    auto* layout = new QVBoxLayout(this);
+    auto* exterior = new QVBoxLayout(this);
+    exterior->setContentsMargins(0, 0, 0, 0);
+    exterior->addWidget(marco);
+    auto* layout = new QVBoxLayout(marco);
+    layout->addWidget(lblTitulo);
     layout->addWidget(ProBar1);
     layout->addWidget(lblText);
 

@@ -38,6 +38,7 @@ private:
     void arrancar();
     void ejecutar();
 
+    QLabel* lblTitulo;
     QProgressBar* ProBar1;
     QLabel* lblText;
     std::unique_ptr<PuertoSerieQt> m_puerto;

@@ -1,0 +1,136 @@
+#pragma once
+
+// Walks a window's widgets as a person and a screen reader meet them: every
+// caption measured against the widget that shows it, every control's
+// accessible name. Each returns what is wrong, one line a widget.
+#include "Catalogo.h"
+
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStringList>
+#include <QStyleOption>
+#include <QTest>
+#include <QToolButton>
+
+namespace recorrido {
+
+inline QString nombre(const QWidget* w)
+{
+    return QStringLiteral("%1 (%2)").arg(w->objectName(),
+                                         QString::fromLatin1(w->metaObject()->className()));
+}
+
+inline QString sinMnemonico(QString t)
+{
+    t.replace(QStringLiteral("&&"), QStringLiteral("\x01"));
+    t.remove(QLatin1Char('&'));
+    t.replace(QLatin1Char('\x01'), QLatin1Char('&'));
+    return t;
+}
+
+// The width each caption needs, by the font it is drawn in, against what
+// its widget gives it.
+inline QStringList textosCortados(const QWidget& ventana)
+{
+    QStringList fallos;
+    const auto medir = [&](const QWidget* w, const QString& texto, int necesita, int tiene) {
+        if (necesita > tiene)
+            fallos.append(QStringLiteral("%1 \"%2\" needs %3 px, has %4")
+                              .arg(nombre(w), texto)
+                              .arg(necesita)
+                              .arg(tiene));
+    };
+    for (const QWidget* w : ventana.findChildren<QWidget*>()) {
+        if (!w->isVisibleTo(&ventana))
+            continue;
+        const QFontMetrics fm(w->font());
+        if (const auto* l = qobject_cast<const QLabel*>(w)) {
+            if (l->text().isEmpty() || l->wordWrap() || l->textFormat() == Qt::RichText)
+                continue;
+            const QString t = l->buddy() ? sinMnemonico(l->text()) : l->text();
+            const QRect r = l->contentsRect();
+            const QRect texto =
+                fm.boundingRect(QRect(0, 0, 10000, 10000), Qt::AlignLeft | Qt::AlignTop, t);
+            medir(l, t, texto.width() + l->indent() * (l->indent() > 0), r.width());
+            medir(l, t, texto.height(), r.height());
+        } else if (const auto* e = qobject_cast<const QLineEdit*>(w)) {
+            // A box that shows a caption or a value the program wrote.
+            if (!e->isReadOnly() || e->text().isEmpty())
+                continue;
+            QStyleOptionFrame opt;
+            opt.initFrom(e);
+            opt.lineWidth =
+                e->hasFrame() ? e->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &opt, e) : 0;
+            const QRect r = e->style()
+                                ->subElementRect(QStyle::SE_LineEditContents, &opt, e)
+                                .marginsRemoved(e->textMargins());
+            // QLineEdit keeps 2 px each side of its text.
+            medir(e, e->text(), fm.horizontalAdvance(e->text()) + 4, r.width());
+        } else if (const auto* b = qobject_cast<const QAbstractButton*>(w)) {
+            if (b->text().isEmpty() || qobject_cast<const QToolButton*>(w))
+                continue;
+            const QString t = sinMnemonico(b->text());
+            QStyleOptionButton opt;
+            opt.initFrom(b);
+            opt.text = t;
+            QStyle::ContentsType tipo = QStyle::CT_PushButton;
+            if (qobject_cast<const QCheckBox*>(w))
+                tipo = QStyle::CT_CheckBox;
+            else if (qobject_cast<const QRadioButton*>(w))
+                tipo = QStyle::CT_RadioButton;
+            // What the style adds around a text (its indicator, margins and
+            // frame), taken at a width past any minimum it keeps.
+            const int ancho = 400;
+            const int alrededor =
+                b->style()->sizeFromContents(tipo, &opt, QSize(ancho, fm.height()), b).width() -
+                ancho;
+            const QSize necesita(fm.horizontalAdvance(t) + alrededor, 0);
+            medir(b, t, necesita.width(), b->width());
+        }
+    }
+    return fallos;
+}
+
+// A control a person can act on, by its accessible role.
+inline bool esControl(const QWidget* w)
+{
+    return qobject_cast<const QAbstractButton*>(w) || qobject_cast<const QLineEdit*>(w) ||
+           qobject_cast<const QComboBox*>(w) || qobject_cast<const QAbstractSlider*>(w);
+}
+
+// Every control that can be reached has a name a screen reader can say.
+inline QStringList sinNombreAccesible(const QWidget& ventana)
+{
+    QStringList fallos;
+    for (QWidget* w : ventana.findChildren<QWidget*>()) {
+        if (!esControl(w) || !w->isVisibleTo(&ventana))
+            continue;
+        // The inner parts of a composite control (a combo box's list) are
+        // the composite's.
+        if (w->parentWidget() && qobject_cast<QComboBox*>(w->parentWidget()))
+            continue;
+        QAccessibleInterface* i = QAccessible::queryAccessibleInterface(w);
+        const QString n = i ? i->text(QAccessible::Name) : QString();
+        if (n.trimmed().isEmpty())
+            fallos.append(nombre(w));
+    }
+    return fallos;
+}
+
+// One row a language, in the column "idioma".
+inline void filasIdiomas()
+{
+    QTest::addColumn<int>("idioma");
+    for (int i = 1; i <= 8; ++i)
+        QTest::addRow("%s", qPrintable(captionIdioma(i))) << i;
+}
+
+} // namespace recorrido
