@@ -404,13 +404,14 @@ int supervisar(const QStringList& args)
             ++fallos;
             std::fprintf(stderr, "---- seed %u failed (%s); its stderr:\n%s\n", semilla, qPrintable(f.tipo),
                          err.right(6000).constData());
-            if (!guardar.isEmpty()) {
-                const QString destino = QDir(guardar).filePath(QStringLiteral("seed-%1").arg(semilla));
-                copiarArbol(dir.path(), destino);
-                QFile log(QDir(destino).filePath("stderr.txt"));
-                log.open(QIODevice::WriteOnly);
-                log.write(err);
-            }
+        }
+        // Failures, and the program's own errors too, to see what led there.
+        if (!guardar.isEmpty() && (f.fallo || f.tipo.startsWith(QLatin1String("run-time")))) {
+            const QString destino = QDir(guardar).filePath(QStringLiteral("seed-%1").arg(semilla));
+            copiarArbol(dir.path(), destino);
+            QFile log(QDir(destino).filePath("stderr.txt"));
+            log.open(QIODevice::WriteOnly);
+            log.write(err);
         }
         std::fflush(stdout);
     }
