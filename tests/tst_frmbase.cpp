@@ -214,6 +214,7 @@ private slots:
         QTest::newRow("start-up splash closes itself") << true << "timer";
         QTest::newRow("a key closes the start-up splash") << true << "key";
         QTest::newRow("a click closes the about box") << false << "click";
+        QTest::newRow("a key waiting as the splash shows") << true << "key waiting";
     }
 
     void splash()
@@ -223,6 +224,22 @@ private slots:
         m_mb->ArranqueInicial = arranque;
         frmSplash w(*m_mb);
         QSignalSpy closed(&w, &QDialog::finished);
+        if (cierre == "key waiting") {
+            // Handled while the splash is being shown, before its own loop
+            // runs: it must still end, not leave the program waiting on a
+            // hidden window. Should it hang, the guard shows and ends it.
+            QTimer::singleShot(0, &w, [&w] { QTest::keyClick(&w, Qt::Key_Home); });
+            bool colgado = false;
+            QTimer::singleShot(3000, &w, [&] {
+                colgado = true;
+                w.show();
+                w.accept();
+            });
+            w.mostrar();
+            QVERIFY(!colgado);
+            QCOMPARE(closed.size(), 1);
+            return;
+        }
         w.open();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
         QCOMPARE(w.findChild<QLabel*>("lblVersion")->text(), QStringLiteral("v 1.0"));

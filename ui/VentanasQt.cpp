@@ -8,7 +8,7 @@
 void VentanasQt::mostrarSplash(ModBase& mb)
 {
     frmSplash splash(mb);
-    splash.exec();
+    splash.mostrar();
 }
 
 void VentanasQt::mostrarBase(ModBase& mb)
@@ -16,7 +16,7 @@ void VentanasQt::mostrarBase(ModBase& mb)
     frmBase base(mb, m_ui);
     base.setAcercaDe([&mb, &base] {
         frmSplash acerca(mb, &base);
-        acerca.exec();
+        acerca.mostrar();
     });
     // The first label is made before the window is on the screen.
     base.mostrarCargaTXL();

@@ -5,6 +5,7 @@
 #include "ModBase.h"
 
 #include <QEvent>
+#include <QEventLoop>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
@@ -100,6 +101,20 @@ frmSplash::frmSplash(ModBase& mb, QWidget* parent)
         Timer1->setInterval(estado.intervaloTimer);
         Timer1->start();
     }
+}
+
+void frmSplash::mostrar()
+{
+    QEventLoop bucle;
+    bool cerrado = false;
+    connect(this, &QDialog::finished, &bucle, [&] {
+        cerrado = true;
+        bucle.quit();
+    });
+    setWindowModality(Qt::ApplicationModal);
+    show();
+    if (!cerrado)
+        bucle.exec();
 }
 
 void frmSplash::keyPressEvent(QKeyEvent*)

@@ -13,6 +13,11 @@ class frmSplash : public QDialog {
 public:
     explicit frmSplash(ModBase& mb, QWidget* parent = nullptr);
 
+    // Shows it modally until it closes. Not exec(): showing a splash makes
+    // Qt handle the events that wait, and a key or a click among them closes
+    // it before exec's loop has begun, which then never ends.
+    void mostrar();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

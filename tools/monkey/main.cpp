@@ -33,6 +33,7 @@
 #include <QTest>
 #include <QThread>
 #include <QTimer>
+#include <QToolButton>
 #include <QWidget>
 
 #include <cstdio>
@@ -102,6 +103,9 @@ private:
         // modal window stays on the stack while its loop runs, and a running
         // timer does not fire again until its slot returns.
         QTimer::singleShot(1, this, [this] { paso(); });
+        // A person holding the button down does nothing else meanwhile.
+        if (m_sostenido)
+            return;
         if (m_restantes-- <= 0) {
             std::printf("done %d\n", m_hechas);
             std::fflush(stdout);
@@ -119,9 +123,10 @@ private:
         QWidget* ventana = QApplication::activePopupWidget();
         if (!ventana)
             ventana = QApplication::activeModalWidget();
-        if (!ventana)
+        if (!ventana || !ventana->isVisible())
             ventana = QApplication::activeWindow();
-        if (!ventana) {
+        if (!ventana || !ventana->isVisible()) {
+            ventana = nullptr;
             for (QWidget* w : QApplication::topLevelWidgets())
                 if (w->isVisible())
                     ventana = w;
@@ -139,11 +144,21 @@ private:
             entrada(ventana);
     }
 
+    // The way out of the program is taken now and then, not at every turn,
+    // or no run would get far.
+    bool salidaEvitada(const QObject* o)
+    {
+        QString nombre = o->objectName();
+        if (const auto* b = qobject_cast<const QToolButton*>(o); b && b->defaultAction())
+            nombre = b->defaultAction()->objectName();
+        return nombre.contains(QLatin1String("Salir")) && m_rng.bounded(20) != 0;
+    }
+
     QWidget* hijo(QWidget* ventana)
     {
         QList<QWidget*> todos{ventana};
         for (QWidget* w : ventana->findChildren<QWidget*>())
-            if (w->isVisible() && w->isEnabled() && w->width() > 0 && w->height() > 0)
+            if (w->isVisible() && w->isEnabled() && w->width() > 0 && w->height() > 0 && !salidaEvitada(w))
                 todos.append(w);
         // Buttons are what a person goes for first.
         QList<QWidget*> botones;
@@ -166,8 +181,19 @@ private:
         const int tipo = m_rng.bounded(10);
         const Qt::MouseButton boton = tipo == 0 ? Qt::RightButton : Qt::LeftButton;
         QTest::mousePress(w, boton, {}, p);
-        if (tipo == 2)
-            QTest::qWait(m_rng.bounded(400)); // held: scroll bars repeat
+        if (tipo == 2) {
+            // Held a while: scroll bars repeat, questions come in between.
+            // Let go of by a timer, whatever loop runs then: a wait of
+            // its own here would run the next steps inside it, deeper and
+            // deeper, and no modal window could ever end its loop.
+            m_sostenido = true;
+            QTimer::singleShot(m_rng.bounded(400), this, [this, w, boton, p] {
+                m_sostenido = false;
+                if (w)
+                    QTest::mouseRelease(w, boton, {}, p);
+            });
+            return;
+        }
         if (w)
             QTest::mouseRelease(w, boton, {}, p);
         if (tipo == 1 && w) {
@@ -219,7 +245,7 @@ private:
     {
         QList<QAction*> acciones;
         for (QAction* a : ventana->findChildren<QAction*>())
-            if (a->isEnabled() && !a->isSeparator() && !a->menu())
+            if (a->isEnabled() && !a->isSeparator() && !a->menu() && !salidaEvitada(a))
                 acciones.append(a);
         if (acciones.isEmpty())
             return;
@@ -227,6 +253,7 @@ private:
     }
 
     QRandomGenerator m_rng;
+    bool m_sostenido = false;
     int m_restantes;
     int m_hechas = 0;
 };
@@ -346,6 +373,7 @@ int supervisar(const QStringList& args)
     std::map<QString, int> finales;
     long long totalAcciones = 0;
     int fallos = 0, hechas = 0;
+    qsizetype aperturas = 0, cierres = 0;
     for (; hechas < runs; ++hechas, ++semilla) {
         if (minutos > 0 && reloj.elapsed() > minutos * 60000)
             break;
@@ -355,7 +383,8 @@ int supervisar(const QStringList& args)
 
         QProcess balanza;
         balanza.setProgram(QDir(binDir()).filePath("korvo-scale"));
-        balanza.setArguments({"--link", QDir(dir.path()).filePath("dosdevices/com1")});
+        const QString registro = QDir(dir.path()).filePath("balanza.log");
+        balanza.setArguments({"--link", QDir(dir.path()).filePath("dosdevices/com1"), "--log", registro});
         balanza.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         balanza.setStandardOutputFile(QProcess::nullDevice());
         balanza.start();
@@ -391,6 +420,14 @@ int supervisar(const QStringList& args)
         err += mono.readAllStandardError();
         balanza.terminate();
         balanza.waitForFinished(3000);
+        {
+            // How far the monkey got with the transfers.
+            QFile f(registro);
+            f.open(QIODevice::ReadOnly);
+            const QByteArray visto = f.readAll();
+            aperturas += visto.count("    opening");
+            cierres += visto.count("    closing");
+        }
 
         static const QRegularExpression actionsRe(QStringLiteral("(?:actions|done) (\\d+)"));
         int hechasAqui = 0;
@@ -419,7 +456,9 @@ int supervisar(const QStringList& args)
                 reloj.elapsed() / 60000.0);
     for (const auto& [tipo, n] : finales)
         std::printf(" %s %d;", qPrintable(tipo), n);
-    std::printf("\n%d passed, %d failed\n", hechas - fallos, fallos);
+    std::printf("\nthe scale on COM1 saw %lld transfers begin and %lld end whole\n", qlonglong(aperturas),
+                qlonglong(cierres));
+    std::printf("%d passed, %d failed\n", hechas - fallos, fallos);
     return fallos ? 1 : 0;
 }
 
