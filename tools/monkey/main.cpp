@@ -33,11 +33,13 @@
 #include <QTest>
 #include <QThread>
 #include <QTimer>
+#include <QToolBar>
 #include <QToolButton>
 #include <QWidget>
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <map>
 
 #if defined(__has_feature)
@@ -240,13 +242,28 @@ private:
         }
     }
 
-    // A menu entry, as a person reaches it through the menu bar or a key.
+    // A menu entry, as a person reaches it: from the menu bar, the tool bar
+    // or the pop-up menu that is open. The pop-ups' entries are not taken
+    // otherwise: the press that opens one readies what its entries act on.
     void entrada(QWidget* ventana)
     {
         QList<QAction*> acciones;
-        for (QAction* a : ventana->findChildren<QAction*>())
-            if (a->isEnabled() && !a->isSeparator() && !a->menu() && !salidaEvitada(a))
-                acciones.append(a);
+        const std::function<void(const QList<QAction*>&)> juntar = [&](const QList<QAction*>& lista) {
+            for (QAction* a : lista) {
+                if (!a->isEnabled() || !a->isVisible() || a->isSeparator())
+                    continue;
+                if (a->menu())
+                    juntar(a->menu()->actions());
+                else if (!salidaEvitada(a))
+                    acciones.append(a);
+            }
+        };
+        if (auto* menu = qobject_cast<QMenu*>(ventana))
+            juntar(menu->actions());
+        for (QMenuBar* barra : ventana->findChildren<QMenuBar*>())
+            juntar(barra->actions());
+        for (QToolBar* barra : ventana->findChildren<QToolBar*>())
+            juntar(barra->actions());
         if (acciones.isEmpty())
             return;
         acciones.at(m_rng.bounded(acciones.size()))->trigger();
