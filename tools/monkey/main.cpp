@@ -391,6 +391,7 @@ int supervisar(const QStringList& args)
     long long totalAcciones = 0;
     int fallos = 0, hechas = 0;
     qsizetype aperturas = 0, cierres = 0;
+    int errores = 0, guardados = 0; // run-time error ends, and those that kept the work
     for (; hechas < runs; ++hechas, ++semilla) {
         if (minutos > 0 && reloj.elapsed() > minutos * 60000)
             break;
@@ -453,6 +454,11 @@ int supervisar(const QStringList& args)
         totalAcciones += hechasAqui;
         const Final f = clasificar(mono.exitCode(), mono.exitStatus(), colgado, out, err);
         ++finales[f.tipo];
+        if (f.tipo.startsWith(QLatin1String("run-time"))) {
+            ++errores;
+            if (!QDir(QDir(dir.path()).filePath("recovery")).entryList(QDir::Files).isEmpty())
+                ++guardados;
+        }
         std::printf("seed %u: %s after about %d actions\n", semilla, qPrintable(f.tipo), hechasAqui);
         if (f.fallo) {
             ++fallos;
@@ -475,6 +481,7 @@ int supervisar(const QStringList& args)
         std::printf(" %s %d;", qPrintable(tipo), n);
     std::printf("\nthe scale on COM1 saw %lld transfers begin and %lld end whole\n", qlonglong(aperturas),
                 qlonglong(cierres));
+    std::printf("the work was kept in recovery/ at %d of %d run-time error ends\n", guardados, errores);
     std::printf("%d passed, %d failed\n", hechas - fallos, fallos);
     return fallos ? 1 : 0;
 }
