@@ -657,6 +657,33 @@ public:
 
 namespace {
 
+bool esFinita(const QTransform& x)
+{
+    for (qreal v : {x.m11(), x.m12(), x.m13(), x.m21(), x.m22(), x.m23(), x.m31(), x.m32(), x.m33()})
+        if (!std::isfinite(v))
+            return false;
+    return true;
+}
+
+// The font engine renders each glyph into a bitmap of its own before the
+// painter places it, and Qt asks it to whenever the glyph's area is small,
+// whatever its shape. A glyph thousands of pixels long and a fraction of one
+// high has a small area, the engine cannot render it, and Qt then reads the
+// bitmap it never got. So only a glyph of sane size and shape in device
+// pixels goes to the font engine; any other is drawn as its outline, which
+// the painter fills as it fills any shape. `glyph` maps the font's pixels to
+// the device's.
+bool paraElMotorDeFuentes(const QTransform& glyph, qreal em)
+{
+    constexpr qreal kLadoMaximo = 256; // pixels: no font engine minds a glyph this size
+    constexpr qreal kLadoMinimo = 0.5;
+    const qreal ancho = em * std::hypot(glyph.m11(), glyph.m12());
+    const qreal alto = em * std::hypot(glyph.m21(), glyph.m22());
+    const qreal area = em * em * std::fabs(glyph.m11() * glyph.m22() - glyph.m12() * glyph.m21());
+    return ancho <= kLadoMaximo && alto <= kLadoMaximo && ancho >= kLadoMinimo &&
+           alto >= kLadoMinimo && area >= 0.25 * ancho * alto; // not sheared flat
+}
+
 void drawText(QPainter& painter, const Metafile::Text& t)
 {
     // Fonts are made at a fixed size and scaled, so that a text of a few
@@ -714,6 +741,13 @@ void drawText(QPainter& painter, const Metafile::Text& t)
         painter.fillRect(
             QRectF(x0, base - fm.ascent() * s, total, (fm.ascent() + fm.descent()) * s),
             t.background);
+    // Every glyph has the same shape on the device; only its place differs.
+    const QTransform glyph = QTransform::fromScale(sx, s) * painter.combinedTransform();
+    if (!esFinita(glyph)) {
+        painter.restore();
+        return; // nowhere on the device: nothing to draw
+    }
+    const bool motor = paraElMotorDeFuentes(glyph, kBase);
     painter.setFont(font);
     painter.setPen(t.color);
     qreal x = x0;
@@ -721,7 +755,13 @@ void drawText(QPainter& painter, const Metafile::Text& t)
         painter.save();
         painter.translate(x, base);
         painter.scale(sx, s);
-        painter.drawText(QPointF(0, 0), QString(str.at(i)));
+        if (motor) {
+            painter.drawText(QPointF(0, 0), QString(str.at(i)));
+        } else {
+            QPainterPath contorno;
+            contorno.addText(QPointF(0, 0), font, QString(str.at(i)));
+            painter.fillPath(contorno, t.color);
+        }
         painter.restore();
         x += adv[static_cast<size_t>(i)];
     }

@@ -1,8 +1,11 @@
+#include "Arranque.h"
 #include "Catalogo.h"
+#include "Configuracion.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
 #include "frmBase.h"
+#include "TextLines.h"
 #include "frmSplash.h"
 
 #include <QLabel>
@@ -124,6 +127,63 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(closed.size(), 1, 5000);
         // Only the timer marks the start-up splash as gone.
         QCOMPARE(m_mb->ArranqueInicial, arranque && cierre != "timer");
+    }
+
+    // The background kept in cfg.ini is loaded and drawn as the window
+    // opens. However the picture is made, the program goes on: one it cannot
+    // read is reported and forgotten, so the next start does not meet it.
+    void fondoAlArrancar_data()
+    {
+        QTest::addColumn<QString>("archivo"); // in the source tree, or written here
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("legible");
+        const QString corpus = QStringLiteral(KORVO_SOURCE_DIR "/fuzz/corpus/");
+        // Texts whose glyphs are thousands of pixels wide and a fraction of one high.
+        QTest::newRow("emf text squashed by its frame")
+            << corpus + "emf/emf-text-crash.emf" << QByteArray() << true;
+        QTest::newRow("wmf text of a huge width")
+            << corpus + "wmf/wmf-text-crash.wmf" << QByteArray() << true;
+        QTest::newRow("bmp cut") << "cut.bmp"
+                                 << QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0", 16)
+                                 << false;
+        QTest::newRow("ico cut") << "cut.ico" << QByteArray("\0\0\1\0\1\0", 6) << false;
+        QTest::newRow("jpeg cut") << "cut.jpg" << QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF", 10)
+                                  << false;
+        const QString rotos = QStringLiteral(KORVO_SOURCE_DIR "/tests/data/preview/metafiles/damaged/");
+        QTest::newRow("wmf cut") << rotos + "cut-header.wmf" << QByteArray() << false;
+        QTest::newRow("emf cut") << rotos + "cut.emf" << QByteArray() << false;
+        QTest::newRow("binary") << "ruido.bmp" << QByteArray(4096, '\xA5') << false;
+    }
+
+    void fondoAlArrancar()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, legible);
+        QString ruta = archivo;
+        if (QFileInfo(archivo).isRelative()) {
+            ruta = m_dir->file(archivo);
+            m_dir->write(archivo, bytes);
+        }
+        m_mb->RutaFondo = ruta;
+        m_dir->write("cfg.ini", formaLarga(*m_mb));
+        ModBase mb;
+        m_dir->attach(mb);
+        ScriptedInteraction ui;
+        ScriptedWindows ventanas(ui.log);
+        ventanas.whileBaseOpen = [&](ModBase& m) {
+            frmBase w(m, ui);
+            w.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            QVERIFY(!w.grab().isNull()); // the surface with its background, drawn
+            QCOMPARE(w.fondo().isNull(), !legible);
+            w.close();
+        };
+        QCOMPARE(Main(mb, ui, ventanas), 0);
+        const QString aviso = "message: " + mb.Textos(1343) + " : " + mb.Textos(222);
+        QCOMPARE(ui.log.contains(aviso), !legible);
+        const QByteArray linea8 = splitLines(m_dir->read("cfg.ini")).at(7);
+        QCOMPARE(linea8.endsWith(ruta.toUtf8()), legible);
     }
 
 private:
