@@ -221,7 +221,7 @@ private slots:
             bytes = joinLines(set);
         }
         QStringList got;
-        for (const Hallazgo& h : comprobarArchivo(bytes, esConjunto, static_cast<int16_t>(modelo)))
+        for (const Hallazgo& h : comprobarArchivo(splitLines(bytes), esConjunto, static_cast<int16_t>(modelo)))
             got.append(QStringLiteral("%1:%2").arg(h.linea).arg(h.columna));
         if (modelo == 0) // read in the wrong model, the rows fall everywhere: the count says it first
             got = got.mid(0, 1);
