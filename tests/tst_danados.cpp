@@ -1,12 +1,12 @@
 // Damaged files met by the commands of the window: each ends as the program
 // means it to, quietly or with its run-time error, and never otherwise.
 #include "AdaptaCaracteres.h"
+#include "ArchivoDanado.h"
 #include "LabelEnv.h"
 #include "RuntimeErrors.h"
 #include "TextLines.h"
 #include "TextosLibres.h"
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 namespace {
@@ -27,27 +27,6 @@ QByteArray sano(LabelEnv& e, const QString& archivo)
     }
     QFile cht(QStringLiteral(KORVO_SOURCE_DIR "/res/greek.cht"));
     return cht.open(QIODevice::ReadOnly) ? cht.readAll() : QByteArray();
-}
-
-QByteArray danado(const QByteArray& bueno, const QString& dano)
-{
-    if (dano == "empty")
-        return {};
-    if (dano == "binary") {
-        QRandomGenerator azar(13);
-        QByteArray b(4096, '\0');
-        for (char& c : b)
-            c = static_cast<char>(azar.bounded(256));
-        return b;
-    }
-    if (dano == "truncated")
-        return bueno.left(bueno.size() / 2 + 3); // in the middle of a line
-    if (dano == "10 MB")
-        return bueno.repeated(10 * 1024 * 1024 / bueno.size() + 1);
-    // UTF-16, as an editor that "fixes" the encoding saves it.
-    const QString texto = QString::fromLatin1(bueno);
-    return QByteArray("\xFF\xFE") +
-           QByteArray(reinterpret_cast<const char*>(texto.utf16()), texto.size() * 2);
 }
 
 } // namespace
@@ -97,7 +76,7 @@ private slots:
         QFETCH(QString, archivo);
         QFETCH(QString, dano);
         LabelEnv e(1);
-        const QByteArray bytes = danado(sano(e, archivo), dano);
+        const QByteArray bytes = archivoDanado(sano(e, archivo), dano);
         int error = 0;
         if (archivo == "set" || archivo == "label") {
             // The Open command, as the window gives it.

@@ -1,4 +1,5 @@
 #include "Arranque.h"
+#include "ArchivoDanado.h"
 #include "Catalogo.h"
 #include "Configuracion.h"
 #include "ModBase.h"
@@ -28,6 +29,11 @@ QStringList captions(const frmBase& w)
                     out.append(a->text());
     }
     return out;
+}
+
+QString avisoFondo(const ModBase& mb)
+{
+    return "message: " + mb.Textos(1343) + " : " + mb.Textos(222);
 }
 
 } // namespace
@@ -168,25 +174,74 @@ private slots:
         m_mb->RutaFondo = ruta;
         m_dir->write("cfg.ini", formaLarga(*m_mb));
         ModBase mb;
-        m_dir->attach(mb);
         ScriptedInteraction ui;
+        QCOMPARE(arrancar(mb, ui), 0);
+        QCOMPARE(ui.log.contains(avisoFondo(mb)), !legible);
+        const QByteArray linea8 = splitLines(m_dir->read("cfg.ini")).at(7);
+        QCOMPARE(linea8.endsWith(ruta.toUtf8()), legible);
+    }
+
+    // A damaged cfg.ini: the program starts on what it can read, or on the
+    // defaults, and leaves a file the next start reads whole. Only a file
+    // without its first line ends it, as a language 0 does, and then it
+    // writes nothing.
+    void cfgDanado_data()
+    {
+        QTest::addColumn<QString>("dano");
+        QTest::addColumn<int>("salida");
+        QTest::addColumn<bool>("avisoFondo");
+        QTest::newRow("empty") << "empty" << 1 << false;
+        QTest::newRow("binary") << "binary" << 0 << false;
+        QTest::newRow("truncated") << "truncated" << 0 << false;
+        QTest::newRow("10 MB picture path") << "10 MB" << 0 << true;
+        QTest::newRow("UTF-16") << "UTF-16" << 0 << false;
+    }
+
+    void cfgDanado()
+    {
+        QFETCH(QString, dano);
+        QFETCH(int, salida);
+        m_mb->Idioma = 2;
+        const QByteArray sano = formaLarga(*m_mb);
+        // The long path reaches the picture loader, which cannot open it.
+        const QByteArray contenido =
+            dano == "10 MB" ? joinLines(splitLines(sano).mid(0, 7)) + "Fondo = " +
+                                  QByteArray(10 * 1024 * 1024, 'x') + "\r\n"
+                            : archivoDanado(sano, dano);
+        m_dir->write("cfg.ini", contenido);
+        ModBase mb;
+        ScriptedInteraction ui;
+        QCOMPARE(arrancar(mb, ui), salida);
+        const QByteArray despues = m_dir->read("cfg.ini");
+        if (salida != 0) {
+            QCOMPARE(despues, contenido);
+            return;
+        }
+        QTEST(ui.log.contains(avisoFondo(mb)), "avisoFondo");
+        ModBase siguiente;
+        QCOMPARE(aplicarConfiguracion(siguiente, despues), LecturaConfiguracion::Completa);
+        QCOMPARE(siguiente.Idioma, mb.Idioma);
+        QVERIFY(siguiente.RutaFondo.isEmpty());
+        QCOMPARE(splitLines(despues).size(), 16);
+    }
+
+private:
+    // The whole life of the program in the test's folder, with the real main
+    // window shown and drawn once, then closed.
+    int arrancar(ModBase& mb, ScriptedInteraction& ui)
+    {
+        m_dir->attach(mb);
         ScriptedWindows ventanas(ui.log);
         ventanas.whileBaseOpen = [&](ModBase& m) {
             frmBase w(m, ui);
             w.show();
             QVERIFY(QTest::qWaitForWindowExposed(&w));
             QVERIFY(!w.grab().isNull()); // the surface with its background, drawn
-            QCOMPARE(w.fondo().isNull(), !legible);
             w.close();
         };
-        QCOMPARE(Main(mb, ui, ventanas), 0);
-        const QString aviso = "message: " + mb.Textos(1343) + " : " + mb.Textos(222);
-        QCOMPARE(ui.log.contains(aviso), !legible);
-        const QByteArray linea8 = splitLines(m_dir->read("cfg.ini")).at(7);
-        QCOMPARE(linea8.endsWith(ruta.toUtf8()), legible);
+        return Main(mb, ui, ventanas);
     }
 
-private:
     std::unique_ptr<ProgramDir> m_dir;
     std::unique_ptr<ModBase> m_mb;
 };
