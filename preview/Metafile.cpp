@@ -744,16 +744,16 @@ void drawText(QPainter& painter, const Metafile::Text& t)
     painter.save();
     painter.translate(t.origin);
     painter.rotate(-t.angle);
-    if (t.opaque)
-        painter.fillRect(
-            QRectF(x0, base - fm.ascent() * s, total, (fm.ascent() + fm.descent()) * s),
-            t.background);
     // Every glyph has the same shape on the device; only its place differs.
     const QTransform glyph = QTransform::fromScale(sx, s) * painter.combinedTransform();
     if (!esFinita(glyph)) {
         painter.restore();
         return; // nowhere sane on the device: nothing to draw
     }
+    if (t.opaque)
+        painter.fillRect(
+            QRectF(x0, base - fm.ascent() * s, total, (fm.ascent() + fm.descent()) * s),
+            t.background);
     const bool motor = paraElMotorDeFuentes(glyph, kBase);
     painter.setFont(font);
     painter.setPen(t.color);
