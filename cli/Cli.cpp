@@ -243,7 +243,7 @@ int cmdCheck(CliContext& ctx, QStringList args)
             continue;
         }
         const QList<Hallazgo> hallazgos =
-            comprobarArchivo(fs::readAll(file), !esArchivoEtiqueta(file), ctx.mb.ModeloNuevo);
+            comprobarArchivo(splitLines(fs::readAll(file)), !esArchivoEtiqueta(file), ctx.mb.ModeloNuevo);
         for (const Hallazgo& h : hallazgos) {
             if (h.linea == 0)
                 print(QStringLiteral("%1: %2\n").arg(file, h.texto));

@@ -6,8 +6,9 @@ QByteArray codigoCampo(int numero)
 {
     if (numero < 1 || numero > 36)
         throw RuntimeError::subscriptOutOfRange();
-    // The character value falls at the seam between 26 ("Z") and 27 ("0").
-    return QByteArray(1, static_cast<char>(numero <= 26 ? 64 + numero : 21 + numero));
+    // The letters, then the digits; a view of the table, copied only if changed.
+    static const char kCodigos[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    return QByteArray::fromRawData(kCodigos + numero - 1, 1);
 }
 
 int numeroCampo(char codigo)

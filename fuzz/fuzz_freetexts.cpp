@@ -5,9 +5,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    int modelo = 1;
-    const QList<QByteArray> lines = fuzzLines(data, size, modelo);
-    FuzzLabel f(modelo);
+    const FuzzFile in(data, size);
+    const QList<QByteArray>& lines = in.lines;
+    FuzzLabel f(in.modelo);
     try {
         leerFreetxl(f.mb, lines);
     } catch (const RuntimeError&) {

@@ -2,3 +2,4 @@
 korvo_fuzzer(labelfile korvo_label)
 korvo_fuzzer(setfile korvo_label)
 korvo_fuzzer(freetexts korvo_label)
+korvo_fuzzer(comprobacion korvo_label)

@@ -25,13 +25,13 @@ public:
                                .arg(QString::fromLatin1(fila.left(2))));
             return;
         }
-        const QByteArray tipo = columns(fila, 3, 1);
+        const QByteArrayView tipo = columnsView(fila, 3, 1);
         if (tipo != "V" && tipo != "T")
             nota(linea, 3, QStringLiteral("kind \"%1\" is neither V nor T").arg(QString::fromLatin1(tipo)));
         else if (!tipoEsperado.isEmpty() && tipo != tipoEsperado)
             nota(linea, 3, QStringLiteral("kind %1 in the block of the %2 labels")
                                .arg(QString::fromLatin1(tipo), QString::fromLatin1(tipoEsperado)));
-        const QByteArray numero = columns(fila, 4, 1);
+        const QByteArrayView numero = columnsView(fila, 4, 1);
         const int minimo = m_nuevo ? 3 : 1;
         if (numero.size() != 1 || numero.at(0) < '0' + minimo || numero.at(0) > '5')
             nota(linea, 4, QStringLiteral("label number \"%1\" does not exist in the %2 model (%3 to 5)")
@@ -39,7 +39,7 @@ public:
         else if (numeroEsperado && numero.at(0) - '0' != numeroEsperado)
             nota(linea, 4, QStringLiteral("label number %1 in the block of label %2")
                                .arg(QString::fromLatin1(numero)).arg(numeroEsperado));
-        const QByteArray ancho = columns(fila, 5, 2);
+        const QByteArrayView ancho = columnsView(fila, 5, 2);
         if (ancho != "45" && ancho != "60")
             nota(linea, 5, QStringLiteral("width \"%1\" is neither 45 nor 60").arg(QString::fromLatin1(ancho)));
         if (fila.size() == 22)
@@ -62,7 +62,7 @@ public:
     {
         if (!fila.startsWith("900"))
             nota(linea, 1, QStringLiteral("the fixed text row starts with \"900\""));
-        else if (columns(fila, 29, 1) != "0" && fila.size() >= 29)
+        else if (columnsView(fila, 29, 1) != "0" && fila.size() >= 29)
             nota(linea, 29, QStringLiteral("the fixed text row has \"0\" in column 29"));
     }
 
@@ -84,10 +84,9 @@ private:
 
 } // namespace
 
-QList<Hallazgo> comprobarArchivo(const QByteArray& contenido, bool conjunto, int16_t modeloNuevo)
+QList<Hallazgo> comprobarArchivo(const QList<QByteArray>& lines, bool conjunto, int16_t modeloNuevo)
 {
     Comprobador c(modeloNuevo);
-    const QList<QByteArray> lines = splitLines(contenido);
     const bool nuevo = c.nuevo();
     const auto linea = [&](int indice) { return indice < lines.size() ? lines.at(indice) : QByteArray(); };
 

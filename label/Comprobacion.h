@@ -15,4 +15,5 @@ struct Hallazgo {
 };
 
 // `conjunto`: a set file (else a label file), read in the model given.
-QList<Hallazgo> comprobarArchivo(const QByteArray& contenido, bool conjunto, int16_t modeloNuevo);
+// `lines` are the file's lines as splitLines gives them.
+QList<Hallazgo> comprobarArchivo(const QList<QByteArray>& lines, bool conjunto, int16_t modeloNuevo);

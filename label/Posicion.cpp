@@ -19,7 +19,7 @@ double valorTexto(const QByteArray& texto)
         }
     // Parsed whole, as the platform parses a number, so that "3.6" is the
     // same double as the literal 3.6.
-    return texto.left(end).toDouble();
+    return QByteArrayView(texto).first(end).toDouble();
 }
 
 int16_t posicionDeTexto(const QByteArray& texto)

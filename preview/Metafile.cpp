@@ -67,6 +67,14 @@ bool esFinito(qreal v)
     return std::isfinite(v) && std::fabs(v) < 1e9;
 }
 
+bool esFinita(const QTransform& x)
+{
+    for (qreal v : {x.m11(), x.m12(), x.m13(), x.m21(), x.m22(), x.m23(), x.m31(), x.m32(), x.m33()})
+        if (!esFinito(v))
+            return false;
+    return true;
+}
+
 // The code page of a font's character set, for 8-bit text.
 const char* codecForCharset(int charset)
 {
@@ -318,8 +326,11 @@ public:
         const uint32_t style = dc.pen.style & 0x0F;
         if (style == U_PS_NULL)
             return Qt::NoPen;
-        QPen pen(dc.pen.color);
         const qreal w = lengthX(dc.pen.width);
+        // QPen takes no width from 2^15 on: a line that wide is no line.
+        if (!(w < 32768))
+            return Qt::NoPen;
+        QPen pen(dc.pen.color);
         pen.setWidthF(w);
         pen.setCosmetic(w <= 0);
         if (w <= 0)
@@ -643,7 +654,11 @@ public:
             }
             frame = bounds;
         }
-        if (frame.isEmpty() || !esFinito(frame.width()) || !esFinito(frame.height()))
+        // A frame of no size to speak of would blow what it holds up past
+        // anything a painter can place.
+        constexpr qreal kMenor = 1e-3;
+        if (frame.width() < kMenor || frame.height() < kMenor || !esFinito(frame.left()) ||
+            !esFinito(frame.top()) || !esFinito(frame.width()) || !esFinito(frame.height()))
             return nullptr;
         if (mm.isEmpty())
             mm = QSizeF(frame.width() * 25.4 / 96, frame.height() * 25.4 / 96);
@@ -656,6 +671,25 @@ public:
 // --- drawing -----------------------------------------------------------------
 
 namespace {
+
+// The font engine renders each glyph into a bitmap of its own before the
+// painter places it, and Qt asks it to whenever the glyph's area is small,
+// whatever its shape. A glyph thousands of pixels long and a fraction of one
+// high has a small area, the engine cannot render it, and Qt then reads the
+// bitmap it never got. So only a glyph of sane size and shape in device
+// pixels goes to the font engine; any other is drawn as its outline, which
+// the painter fills as it fills any shape. `glyph` maps the font's pixels to
+// the device's.
+bool paraElMotorDeFuentes(const QTransform& glyph, qreal em)
+{
+    constexpr qreal kLadoMaximo = 256; // pixels: no font engine minds a glyph this size
+    constexpr qreal kLadoMinimo = 0.5;
+    const qreal ancho = em * std::hypot(glyph.m11(), glyph.m12());
+    const qreal alto = em * std::hypot(glyph.m21(), glyph.m22());
+    const qreal area = em * em * std::fabs(glyph.m11() * glyph.m22() - glyph.m12() * glyph.m21());
+    return ancho <= kLadoMaximo && alto <= kLadoMaximo && ancho >= kLadoMinimo &&
+           alto >= kLadoMinimo && area >= 0.25 * ancho * alto; // not sheared flat
+}
 
 void drawText(QPainter& painter, const Metafile::Text& t)
 {
@@ -710,10 +744,17 @@ void drawText(QPainter& painter, const Metafile::Text& t)
     painter.save();
     painter.translate(t.origin);
     painter.rotate(-t.angle);
+    // Every glyph has the same shape on the device; only its place differs.
+    const QTransform glyph = QTransform::fromScale(sx, s) * painter.combinedTransform();
+    if (!esFinita(glyph)) {
+        painter.restore();
+        return; // nowhere sane on the device: nothing to draw
+    }
     if (t.opaque)
         painter.fillRect(
             QRectF(x0, base - fm.ascent() * s, total, (fm.ascent() + fm.descent()) * s),
             t.background);
+    const bool motor = paraElMotorDeFuentes(glyph, kBase);
     painter.setFont(font);
     painter.setPen(t.color);
     qreal x = x0;
@@ -721,7 +762,13 @@ void drawText(QPainter& painter, const Metafile::Text& t)
         painter.save();
         painter.translate(x, base);
         painter.scale(sx, s);
-        painter.drawText(QPointF(0, 0), QString(str.at(i)));
+        if (motor) {
+            painter.drawText(QPointF(0, 0), QString(str.at(i)));
+        } else {
+            QPainterPath contorno;
+            contorno.addText(QPointF(0, 0), font, QString(str.at(i)));
+            painter.fillPath(contorno, t.color);
+        }
         painter.restore();
         x += adv[static_cast<size_t>(i)];
     }
@@ -1283,26 +1330,31 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                 if (!std::all_of(std::begin(v), std::end(v), esFinito))
                     break;
                 const QTransform x(v[0], v[1], v[2], v[3], v[4], v[5]);
+                QTransform nueva = m.dc.world;
                 if (type == U_EMR_SETWORLDTRANSFORM) {
-                    m.dc.world = x;
+                    nueva = x;
                 } else if (need(36)) {
                     switch (r.u32(32)) {
                     case U_MWT_IDENTITY:
-                        m.dc.world = QTransform();
+                        nueva = QTransform();
                         break;
                     case U_MWT_LEFTMULTIPLY:
-                        m.dc.world = x * m.dc.world;
+                        nueva = x * m.dc.world;
                         break;
                     case U_MWT_RIGHTMULTIPLY:
-                        m.dc.world = m.dc.world * x;
+                        nueva = m.dc.world * x;
                         break;
                     case 4:
-                        m.dc.world = x;
+                        nueva = x;
                         break; // MWT_SET
                     default:
                         break;
                     }
                 }
+                // Products of sane factors can still grow past any sane
+                // size: such a record is skipped.
+                if (esFinita(nueva))
+                    m.dc.world = nueva;
             }
             break;
         case U_EMR_SELECTOBJECT:

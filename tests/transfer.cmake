@@ -7,3 +7,5 @@ korvo_test(tst_envio korvo_transfer)
 target_compile_definitions(tst_envio PRIVATE KORVO_SCALE="$<TARGET_FILE:korvo-scale>")
 add_dependencies(tst_envio korvo-scale)
 set_tests_properties(tst_envio PROPERTIES TIMEOUT 300)
+# Damaged files of every kind met by the window's commands.
+korvo_test(tst_danados korvo_transfer)

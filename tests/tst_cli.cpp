@@ -232,7 +232,7 @@ private slots:
             bytes = joinLines(set);
         }
         QStringList got;
-        const QList<Hallazgo> found = comprobarArchivo(bytes, esConjunto, static_cast<int16_t>(modelo));
+        const QList<Hallazgo> found = comprobarArchivo(splitLines(bytes), esConjunto, static_cast<int16_t>(modelo));
         for (const Hallazgo& h : found)
             got.append(QStringLiteral("%1:%2").arg(h.linea).arg(h.columna));
         if (archivo == "set" && modelo == 0) // read in the wrong model, the rows fall everywhere: the count says it first

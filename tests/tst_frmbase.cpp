@@ -1,4 +1,7 @@
+#include "Arranque.h"
+#include "ArchivoDanado.h"
 #include "Catalogo.h"
+#include "Configuracion.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "Cuadro.h"
@@ -6,6 +9,7 @@
 #include "Recorrido.h"
 #include "ScriptedInteraction.h"
 #include "frmBase.h"
+#include "TextLines.h"
 #include "frmSplash.h"
 
 #include <QAction>
@@ -86,6 +90,11 @@ void responder(QMessageBox::StandardButton boton, std::function<void(QMessageBox
         mirar(*box);
         QTest::mouseClick(box->button(boton), Qt::LeftButton);
     });
+}
+
+QString avisoFondo(const ModBase& mb)
+{
+    return "message: " + mb.Textos(1343) + " : " + mb.Textos(222);
 }
 
 } // namespace
@@ -419,7 +428,113 @@ private slots:
         QCOMPARE(abrir, T(1311));
     }
 
+    // The background kept in cfg.ini is loaded and drawn as the window
+    // opens. However the picture is made, the program goes on: one it cannot
+    // read is reported and forgotten, so the next start does not meet it.
+    void fondoAlArrancar_data()
+    {
+        QTest::addColumn<QString>("archivo"); // in the source tree, or written here
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("legible");
+        const QString corpus = QStringLiteral(KORVO_SOURCE_DIR "/fuzz/corpus/");
+        // Texts whose glyphs are thousands of pixels wide and a fraction of one high.
+        QTest::newRow("emf text squashed by its frame")
+            << corpus + "emf/emf-text-crash.emf" << QByteArray() << true;
+        QTest::newRow("wmf text of a huge width")
+            << corpus + "wmf/wmf-text-crash.wmf" << QByteArray() << true;
+        QTest::newRow("bmp cut") << "cut.bmp"
+                                 << QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0", 16)
+                                 << false;
+        QTest::newRow("ico cut") << "cut.ico" << QByteArray("\0\0\1\0\1\0", 6) << false;
+        QTest::newRow("jpeg cut") << "cut.jpg" << QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF", 10)
+                                  << false;
+        const QString rotos = QStringLiteral(KORVO_SOURCE_DIR "/tests/data/preview/metafiles/damaged/");
+        QTest::newRow("wmf cut") << rotos + "cut-header.wmf" << QByteArray() << false;
+        QTest::newRow("emf cut") << rotos + "cut.emf" << QByteArray() << false;
+        QTest::newRow("binary") << "ruido.bmp" << QByteArray(4096, '\xA5') << false;
+    }
+
+    void fondoAlArrancar()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, legible);
+        QString ruta = archivo;
+        if (QFileInfo(archivo).isRelative()) {
+            ruta = m_dir->file(archivo);
+            m_dir->write(archivo, bytes);
+        }
+        m_mb->RutaFondo = ruta;
+        m_dir->write("cfg.ini", formaLarga(*m_mb));
+        ModBase mb;
+        ScriptedInteraction ui;
+        QCOMPARE(arrancar(mb, ui), 0);
+        QCOMPARE(ui.log.contains(avisoFondo(mb)), !legible);
+        const QByteArray linea8 = splitLines(m_dir->read("cfg.ini")).at(7);
+        QCOMPARE(linea8.endsWith(ruta.toUtf8()), legible);
+    }
+
+    // A damaged cfg.ini: the program starts on what it can read, or on the
+    // defaults, and leaves a file the next start reads whole. Only a file
+    // without its first line ends it, as a language 0 does, and then it
+    // writes nothing.
+    void cfgDanado_data()
+    {
+        QTest::addColumn<QString>("dano");
+        QTest::addColumn<int>("salida");
+        QTest::addColumn<bool>("avisoFondo");
+        QTest::newRow("empty") << "empty" << 1 << false;
+        QTest::newRow("binary") << "binary" << 0 << false;
+        QTest::newRow("truncated") << "truncated" << 0 << false;
+        QTest::newRow("10 MB picture path") << "10 MB" << 0 << true;
+        QTest::newRow("UTF-16") << "UTF-16" << 0 << false;
+    }
+
+    void cfgDanado()
+    {
+        QFETCH(QString, dano);
+        QFETCH(int, salida);
+        m_mb->Idioma = 2;
+        const QByteArray sano = formaLarga(*m_mb);
+        // The long path reaches the picture loader, which cannot open it.
+        const QByteArray contenido =
+            dano == "10 MB" ? joinLines(splitLines(sano).mid(0, 7)) + "Fondo = " +
+                                  QByteArray(10 * 1024 * 1024, 'x') + "\r\n"
+                            : archivoDanado(sano, dano);
+        m_dir->write("cfg.ini", contenido);
+        ModBase mb;
+        ScriptedInteraction ui;
+        QCOMPARE(arrancar(mb, ui), salida);
+        const QByteArray despues = m_dir->read("cfg.ini");
+        if (salida != 0) {
+            QCOMPARE(despues, contenido);
+            return;
+        }
+        QTEST(ui.log.contains(avisoFondo(mb)), "avisoFondo");
+        ModBase siguiente;
+        QCOMPARE(aplicarConfiguracion(siguiente, despues), LecturaConfiguracion::Completa);
+        QCOMPARE(siguiente.Idioma, mb.Idioma);
+        QVERIFY(siguiente.RutaFondo.isEmpty());
+        QCOMPARE(splitLines(despues).size(), 16);
+    }
+
 private:
+    // The whole life of the program in the test's folder, with the real main
+    // window shown and drawn once, then closed.
+    int arrancar(ModBase& mb, ScriptedInteraction& ui)
+    {
+        m_dir->attach(mb);
+        ScriptedWindows ventanas(ui.log);
+        ventanas.whileBaseOpen = [&](ModBase& m) {
+            frmBase w(m, ui);
+            w.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            QVERIFY(!w.grab().isNull()); // the surface with its background, drawn
+            w.close();
+        };
+        return Main(mb, ui, ventanas);
+    }
+
     std::unique_ptr<ProgramDir> m_dir;
     std::unique_ptr<ModBase> m_mb;
 };
