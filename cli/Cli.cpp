@@ -6,7 +6,7 @@
 #include "Configuracion.h"
 #include "FileSystem.h"
 #include "Envio.h"
-#include "PuertoSerieQt.h"
+#include "PuertoTcp.h"
 #include "RenderVista.h"
 #include "TextLines.h"
 
@@ -367,16 +367,13 @@ int cmdSend(CliContext& ctx, QStringList args)
     mb.SoloTextos = takeFlag(args, QStringLiteral("--texts-only"));
     ctx.load(needFile(args, usage), label);
 
-    PuertoSerieQt puerto(mb.programDir);
-    const QRegularExpression com(QStringLiteral("^COM([1-4])$"), QRegularExpression::CaseInsensitiveOption);
-    if (const auto m = com.match(port); m.hasMatch())
-        mb.Puerto = static_cast<int16_t>(m.captured(1).toInt() - 1);
-    else
-        puerto.setDevice(port);
+    const std::unique_ptr<PuertoSerie> puerto = crearPuerto(mb.programDir, port);
+    if (!puerto)
+        throw UsageError("--port takes a device, COM1..COM4 or tcp://HOST:PORT");
     int16_t resultado = -1;
     {
         BarraProgreso barra;
-        resultado = EnviarEtiqueta(mb, puerto, ctx.ui, barra);
+        resultado = EnviarEtiqueta(mb, *puerto, ctx.ui, barra);
     }
     return resultado == 0 ? 0 : 1;
 }

@@ -20,7 +20,8 @@ const char* const kUsage =
     "                                    the bytes a transfer puts on the line, a frame a line\n"
     "  send FILE [--label KN] --port PORT [--baud B] [--parity N|E|O] [--data 7|8]\n"
     "       [--stop 1|2] [--equipo N] [--texts-only]\n"
-    "                                    sends the label to a scale; PORT is a device or COM1..COM4\n"
+    "                                    sends the label to a scale; PORT is a device, COM1..COM4\n"
+    "                                    or tcp://HOST:PORT\n"
     "\n"
     "FILE is a set file or a label file, told apart by the next-to-last character\n"
     "of its name. KN is a kind and a number: V3, T5.\n";
