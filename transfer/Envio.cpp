@@ -192,10 +192,10 @@ void Envio::agotado()
     m_esperando = false;
     if (m_puerto.fallo().tipo != FalloPuerto::Tipo::Ninguno)
         throw PuertoCaido{};
+    emit respuestaRecibida(m_fase, m_indice, m_respuesta.texto(), 1);
     // A port may know more than the silence: a connection never answered.
     if (m_puerto.fallaPorSilencio())
         throw PuertoCaido{};
-    emit respuestaRecibida(m_fase, m_indice, m_respuesta.texto(), 1);
     respuestaLista(1);
 }
 
