@@ -115,6 +115,10 @@ public:
     bool escuchar(const QHostAddress& host, quint16 puerto, QString* error)
     {
         m_servidor = new QTcpServer(this);
+        // A whole fleet connects at once: a short queue of pending
+        // connections would drop some, and the system retries them only
+        // after a second.
+        m_servidor->setListenBacklogSize(4096);
         if (!m_servidor->listen(host, puerto)) {
             *error = m_servidor->errorString();
             return false;
