@@ -11,6 +11,7 @@
 #include "frmConfig.h"
 #include "frmDES.h"
 #include "frmEnvio.h"
+#include "frmFlota.h"
 #include "frmTXF.h"
 #include "frmTXL.h"
 
@@ -18,6 +19,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -194,6 +196,78 @@ private slots:
         QCOMPARE(m_mb->BitsDatos, int16_t(1));
         QCOMPARE(m_mb->NumEquipo, int16_t(3));
         QCOMPARE(m_mb->SoloTextos, soloTextos);
+    }
+
+    // The settings dialog's third button shows the list of scales of the
+    // program folder; the ticked ones get the label at once, each row with
+    // its progress and result; the unticked one gets nothing. Without a
+    // list, the person is told where to write one.
+    void configEnviaVarias_data()
+    {
+        QTest::addColumn<bool>("conLista");
+        QTest::newRow("a list of four, one unticked") << true;
+        QTest::newRow("no list") << false;
+    }
+    void configEnviaVarias()
+    {
+        QFETCH(bool, conLista);
+        m_mb->Baudios = 3;
+        m_mb->TextoLibre(0) = "CARNE";
+        using L = BalanzaVirtual::Linea;
+        BalanzaVirtual buena(*m_dir, {}, L::Tcp, "good");
+        BalanzaVirtual rechaza(*m_dir, {"--refuse", "1"}, L::Tcp, "refuse");
+        BalanzaVirtual serie(*m_dir, {});
+        QVERIFY(buena.lista() && rechaza.lista() && serie.lista());
+        if (conLista)
+            m_dir->write("scales.csv", ("name,port,equipo\nfirst," + buena.direccion() +
+                                        ",1\nsecond," + buena.direccion() + ",2\nsaid no," +
+                                        rechaza.direccion() + ",1\nleft out,COM1,1\n")
+                                           .toUtf8());
+
+        ScriptedInteraction ui;
+        frmConfig w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        hijo<QComboBox>(w, "cmbPar")->setCurrentIndex(0);
+        hijo<QComboBox>(w, "cmbDatos")->setCurrentIndex(1);
+
+        QStringList resultados;
+        bool cerrada = false;
+        QTimer::singleShot(0, [&] {
+            auto* f = qobject_cast<frmFlota*>(QApplication::activeModalWidget());
+            if (!f)
+                return;
+            QVERIFY(QTest::qWaitForWindowExposed(f));
+            auto* tabla = hijo<QTableWidget>(*f, "tblBalanzas");
+            QCOMPARE(tabla->rowCount(), 4);
+            auto* cuarta = hijo<QCheckBox>(*f, "chkBalanza3");
+            QTest::mouseClick(cuarta, Qt::LeftButton);
+            QVERIFY(!cuarta->isChecked());
+            QTest::mouseClick(hijo<QPushButton>(*f, "cmdEnviar"), Qt::LeftButton);
+            QVERIFY(!hijo<QPushButton>(*f, "cmdCerrar")->isEnabled());
+            QTRY_VERIFY_WITH_TIMEOUT(hijo<QPushButton>(*f, "cmdEnviar")->isEnabled(), 5000);
+            for (int fila = 0; fila < 4; ++fila)
+                resultados.append(tabla->item(fila, 4)->text());
+            QCOMPARE(hijo<QProgressBar>(*f, "barBalanza0")->value(),
+                     hijo<QProgressBar>(*f, "barBalanza0")->maximum());
+            QTest::mouseClick(hijo<QPushButton>(*f, "cmdCerrar"), Qt::LeftButton);
+            cerrada = true;
+        });
+        QTest::mouseClick(hijo<QPushButton>(w, "CommandVarias"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        if (!conLista) {
+            QCOMPARE(ui.log, QStringList{"message: " + m_mb->Textos(2105) + "\n" +
+                                         m_dir->file("scales.csv")});
+            return;
+        }
+        QVERIFY(cerrada);
+        QVERIFY(ui.log.isEmpty());
+        QCOMPARE(resultados,
+                 (QStringList{m_mb->Textos(2111), m_mb->Textos(2111),
+                              QString(m_mb->Textos(989)).replace('\n', ' '), QString()}));
+        QCOMPARE(buena.tramas().size(), 2 * 54);
+        QCOMPARE(rechaza.tramas().size(), 1);
+        QVERIFY(serie.tramas().isEmpty());
     }
 
     // --- text boxes: capitals as typed, 25 characters ---
