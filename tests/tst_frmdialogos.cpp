@@ -225,6 +225,7 @@ private slots:
                                            .toUtf8());
 
         ScriptedInteraction ui;
+        ui.savePaths.append(m_dir->file("trace.txt"));
         frmConfig w(*m_mb, ui);
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
@@ -243,6 +244,7 @@ private slots:
             auto* cuarta = hijo<QCheckBox>(*f, "chkBalanza3");
             QTest::mouseClick(cuarta, Qt::LeftButton);
             QVERIFY(!cuarta->isChecked());
+            QTest::mouseClick(hijo<QCheckBox>(*f, "chkTraza"), Qt::LeftButton);
             QTest::mouseClick(hijo<QPushButton>(*f, "cmdEnviar"), Qt::LeftButton);
             QVERIFY(!hijo<QPushButton>(*f, "cmdCerrar")->isEnabled());
             QTRY_VERIFY_WITH_TIMEOUT(hijo<QPushButton>(*f, "cmdEnviar")->isEnabled(), 5000);
@@ -261,7 +263,11 @@ private slots:
             return;
         }
         QVERIFY(cerrada);
-        QVERIFY(ui.log.isEmpty());
+        // The trace goes where the person said, with both scales' frames.
+        QCOMPARE(ui.log, QStringList{"save: " + m_mb->Textos(2113) + " (*.txt)|*.txt"});
+        const QByteArray traza = m_dir->read("trace.txt");
+        QCOMPARE(traza.count("\tfirst\t"), 2 * 54 + 1);
+        QVERIFY(traza.contains("\tsaid no\t"));
         QCOMPARE(resultados,
                  (QStringList{m_mb->Textos(2111), m_mb->Textos(2111),
                               QString(m_mb->Textos(989)).replace('\n', ' '), QString()}));

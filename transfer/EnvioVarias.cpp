@@ -38,10 +38,17 @@ void EnvioVarias::marcar(int fila, bool si)
         m_marcadas[fila] = si;
 }
 
-bool EnvioVarias::enviar()
+bool EnvioVarias::enviar(bool conTraza)
 {
     if (enCurso())
         return false;
+    m_rutaTraza.clear();
+    if (conTraza) {
+        m_rutaTraza = m_persona.saveFile(
+            {m_mb.Textos(2113) + QStringLiteral(" (*.txt)|*.txt"), 1, QStringLiteral("trace.txt")});
+        if (m_rutaTraza.isEmpty())
+            return false;
+    }
     QList<BalanzaLista> elegidas;
     m_filas.clear();
     for (int i = 0; i < m_balanzas.size(); ++i)
@@ -53,13 +60,18 @@ bool EnvioVarias::enviar()
         return false;
     m_etiqueta = m_mb;
     m_flota.reset();
+    m_traza = m_rutaTraza.isEmpty() ? nullptr : std::make_unique<TrazaEnvio>();
     const QString nombre = QString::fromLatin1(m_etiqueta.TipoEtiqueta + m_etiqueta.NumEtiqueta);
     m_flota = std::make_unique<Flota>(QList<EtiquetaEnvio>{{nombre, &m_etiqueta}}, elegidas,
-                                      m_mb.programDir);
+                                      m_mb.programDir, m_traza.get());
     connect(m_flota.get(), &Flota::progreso, this, [this](int i) { emit progreso(m_filas.at(i)); });
     connect(m_flota.get(), &Flota::balanzaTerminada, this,
             [this](int i) { emit terminada(m_filas.at(i)); });
-    connect(m_flota.get(), &Flota::terminado, this, &EnvioVarias::terminado);
+    connect(m_flota.get(), &Flota::terminado, this, [this] {
+        if (m_traza)
+            m_traza->guardar(m_rutaTraza);
+        emit terminado();
+    });
     m_flota->iniciar();
     return true;
 }

@@ -30,8 +30,10 @@ public:
     bool marcada(int fila) const { return m_marcadas.value(fila); }
     void marcar(int fila, bool si);
 
-    // Starts the transfers to the ticked scales; false when none is.
-    bool enviar();
+    // Starts the transfers to the ticked scales; false when none is. With
+    // a trace, the person chooses its file first (false when cancelled),
+    // and it is written when the last scale has ended.
+    bool enviar(bool conTraza = false);
     bool enCurso() const { return m_flota && m_flota->enCurso(); }
     // The progress and the result of a row, while and after it is sent;
     // null for a row not sent.
@@ -49,5 +51,7 @@ private:
     QList<bool> m_marcadas;
     QList<int> m_filas; // the row of each scale sent
     ModBase m_etiqueta; // the label as it stood when the sending started
+    std::unique_ptr<TrazaEnvio> m_traza;
+    QString m_rutaTraza;
     std::unique_ptr<Flota> m_flota;
 };

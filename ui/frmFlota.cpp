@@ -40,7 +40,11 @@ frmFlota::frmFlota(ModBase& mb, UserInteraction& ui, QWidget* parent)
     cmdCerrar = new QPushButton(T(2112), this);
     cmdCerrar->setObjectName(QStringLiteral("cmdCerrar"));
     cmdCerrar->setAccessibleName(T(2112));
+    chkTraza = new QCheckBox(T(2113) + QStringLiteral("..."), this);
+    chkTraza->setObjectName(QStringLiteral("chkTraza"));
+    chkTraza->setAccessibleName(T(2113));
     auto* botones = new QHBoxLayout;
+    botones->addWidget(chkTraza);
     botones->addStretch();
     botones->addWidget(cmdEnviar);
     botones->addWidget(cmdCerrar);
@@ -95,7 +99,7 @@ void frmFlota::enviar()
     cmdCerrar->setEnabled(false);
     for (auto* marca : findChildren<QCheckBox*>())
         marca->setEnabled(false);
-    if (!m_logica.enviar())
+    if (!m_logica.enviar(chkTraza->isChecked()))
         emit m_logica.terminado();
 }
 

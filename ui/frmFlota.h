@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class QCheckBox;
 class QPushButton;
 class QTableWidget;
 class UserInteraction;
@@ -32,6 +33,7 @@ private:
     EnvioVarias m_logica;
     bool m_cargada = false;
     QTableWidget* tblBalanzas;
+    QCheckBox* chkTraza;
     QPushButton* cmdEnviar;
     QPushButton* cmdCerrar;
 };
