@@ -459,23 +459,16 @@ int cmdSend(CliContext& ctx, QStringList args)
     }
 
     // Each label unfolded in a block of its own, in the order of the set.
-    QStringList nombres;
-    if (todas) {
-        if (esArchivoEtiqueta(file))
-            throw UsageError("--all-labels is for set files");
-        for (const char* tipo : {"V", "T"})
-            for (int n = mb.ModeloNuevo ? 3 : 1; n <= 5; ++n)
-                nombres.append(QLatin1String(tipo) + QString::number(n));
-    } else {
-        nombres.append(label);
-    }
-    std::vector<ModBase> bloques;
-    bloques.reserve(static_cast<size_t>(nombres.size()));
+    std::unique_ptr<EtiquetasConjunto> conjunto;
     QList<EtiquetaEnvio> etiquetas;
-    for (const QString& n : nombres) {
-        ctx.load(file, n);
-        bloques.push_back(mb);
-        etiquetas.append({texto(ctx, mb.TipoEtiqueta + mb.NumEtiqueta), &bloques.back()});
+    if (todas) {
+        if (!fs::fileExists(file) || esArchivoEtiqueta(file))
+            throw UsageError("--all-labels is for set files");
+        conjunto = std::make_unique<EtiquetasConjunto>(mb, file);
+        etiquetas = conjunto->etiquetas();
+    } else {
+        ctx.load(file, label);
+        etiquetas.append({texto(ctx, mb.TipoEtiqueta + mb.NumEtiqueta), &mb});
     }
 
     TrazaEnvio traza;

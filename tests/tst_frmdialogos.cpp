@@ -7,6 +7,7 @@
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
+#include "FileCommands.h"
 #include "frmBorrar.h"
 #include "frmConfig.h"
 #include "frmDES.h"
@@ -201,18 +202,34 @@ private slots:
     // The settings dialog's third button shows the list of scales of the
     // program folder; the ticked ones get the label at once, each row with
     // its progress and result; the unticked one gets nothing. Without a
-    // list, the person is told where to write one.
+    // list, the person is told where to write one. Every label of the set
+    // goes as saved, one transfer each; without a set file, nothing goes.
     void configEnviaVarias_data()
     {
         QTest::addColumn<bool>("conLista");
-        QTest::newRow("a list of four, one unticked") << true;
-        QTest::newRow("no list") << false;
+        QTest::addColumn<int>("todas"); // 0 the label; 1 every label, set saved; 2 every label, no set
+        QTest::newRow("a list of four, one unticked") << true << 0;
+        QTest::newRow("every label of the set") << true << 1;
+        QTest::newRow("every label, no set file") << true << 2;
+        QTest::newRow("no list") << false << 0;
     }
     void configEnviaVarias()
     {
         QFETCH(bool, conLista);
+        QFETCH(int, todas);
         m_mb->Baudios = 3;
         m_mb->TextoLibre(0) = "CARNE";
+        if (todas == 1) {
+            HeadlessView vista;
+            SilentInteraction nadie;
+            FileCommands archivos{*m_mb, nadie, vista};
+            archivos.controles.VSEtiqMin = 3;
+            archivos.IniciaLineas();
+            m_mb->NumEtiqueta = "3"; // the new model's first packing label
+            m_mb->ArchivoActual = m_dir->file("set.pse");
+            archivos.GuardarEtiquetaConjunto();
+        }
+        const int etiquetas = todas == 1 ? 6 : todas == 2 ? 0 : 1;
         using L = BalanzaVirtual::Linea;
         BalanzaVirtual buena(*m_dir, {}, L::Tcp, "good");
         BalanzaVirtual rechaza(*m_dir, {"--refuse", "1"}, L::Tcp, "refuse");
@@ -245,13 +262,16 @@ private slots:
             QTest::mouseClick(cuarta, Qt::LeftButton);
             QVERIFY(!cuarta->isChecked());
             QTest::mouseClick(hijo<QCheckBox>(*f, "chkTraza"), Qt::LeftButton);
+            if (todas)
+                QTest::mouseClick(hijo<QCheckBox>(*f, "chkTodas"), Qt::LeftButton);
             QTest::mouseClick(hijo<QPushButton>(*f, "cmdEnviar"), Qt::LeftButton);
-            QVERIFY(!hijo<QPushButton>(*f, "cmdCerrar")->isEnabled());
+            QCOMPARE(hijo<QPushButton>(*f, "cmdCerrar")->isEnabled(), etiquetas == 0);
             QTRY_VERIFY_WITH_TIMEOUT(hijo<QPushButton>(*f, "cmdEnviar")->isEnabled(), 5000);
             for (int fila = 0; fila < 4; ++fila)
                 resultados.append(tabla->item(fila, 4)->text());
-            QCOMPARE(hijo<QProgressBar>(*f, "barBalanza0")->value(),
-                     hijo<QProgressBar>(*f, "barBalanza0")->maximum());
+            if (etiquetas)
+                QCOMPARE(hijo<QProgressBar>(*f, "barBalanza0")->value(),
+                         hijo<QProgressBar>(*f, "barBalanza0")->maximum());
             QTest::mouseClick(hijo<QPushButton>(*f, "cmdCerrar"), Qt::LeftButton);
             cerrada = true;
         });
@@ -263,17 +283,23 @@ private slots:
             return;
         }
         QVERIFY(cerrada);
+        QCOMPARE(buena.tramas().size(), 2 * 54 * etiquetas);
+        QCOMPARE(rechaza.tramas().size(), etiquetas ? 1 : 0);
+        QVERIFY(serie.tramas().isEmpty());
+        if (etiquetas == 0) {
+            QCOMPARE(ui.log, QStringList{"message: " + m_mb->Textos(2115)});
+            QCOMPARE(resultados, QStringList(4));
+            return;
+        }
         // The trace goes where the person said, with both scales' frames.
         QCOMPARE(ui.log, QStringList{"save: " + m_mb->Textos(2113) + " (*.txt)|*.txt"});
         const QByteArray traza = m_dir->read("trace.txt");
-        QCOMPARE(traza.count("\tfirst\t"), 2 * 54 + 1);
+        QCOMPARE(traza.count("\tfirst\t"), (2 * 54 + 1) * etiquetas);
         QVERIFY(traza.contains("\tsaid no\t"));
         QCOMPARE(resultados,
                  (QStringList{m_mb->Textos(2111), m_mb->Textos(2111),
-                              QString(m_mb->Textos(989)).replace('\n', ' '), QString()}));
-        QCOMPARE(buena.tramas().size(), 2 * 54);
-        QCOMPARE(rechaza.tramas().size(), 1);
-        QVERIFY(serie.tramas().isEmpty());
+                              (todas ? "V3: " : "") + QString(m_mb->Textos(989)).replace('\n', ' '),
+                              QString()}));
     }
 
     // --- text boxes: capitals as typed, 25 characters ---

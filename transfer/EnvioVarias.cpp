@@ -1,5 +1,7 @@
 #include "EnvioVarias.h"
 
+#include "CodePage.h"
+#include "FileCommands.h"
 #include "FileSystem.h"
 #include "UserInteraction.h"
 
@@ -38,10 +40,15 @@ void EnvioVarias::marcar(int fila, bool si)
         m_marcadas[fila] = si;
 }
 
-bool EnvioVarias::enviar(bool conTraza)
+bool EnvioVarias::enviar(bool conTraza, bool todas)
 {
     if (enCurso())
         return false;
+    const QString conjunto = m_mb.ArchivoActual;
+    if (todas && (conjunto.isEmpty() || !fs::fileExists(conjunto) || esArchivoEtiqueta(conjunto))) {
+        m_persona.message(m_mb.Textos(2115));
+        return false;
+    }
     m_rutaTraza.clear();
     if (conTraza) {
         m_rutaTraza = m_persona.saveFile(
@@ -58,12 +65,19 @@ bool EnvioVarias::enviar(bool conTraza)
         }
     if (elegidas.isEmpty())
         return false;
-    m_etiqueta = m_mb;
     m_flota.reset();
     m_traza = m_rutaTraza.isEmpty() ? nullptr : std::make_unique<TrazaEnvio>();
-    const QString nombre = QString::fromLatin1(m_etiqueta.TipoEtiqueta + m_etiqueta.NumEtiqueta);
-    m_flota = std::make_unique<Flota>(QList<EtiquetaEnvio>{{nombre, &m_etiqueta}}, elegidas,
-                                      m_mb.programDir, m_traza.get());
+    m_todas = todas;
+    QList<EtiquetaEnvio> etiquetas;
+    if (todas) {
+        m_conjunto = std::make_unique<EtiquetasConjunto>(m_mb, conjunto);
+        etiquetas = m_conjunto->etiquetas();
+    } else {
+        m_etiqueta = m_mb;
+        etiquetas.append({decodeFor(m_etiqueta.Idioma, m_etiqueta.TipoEtiqueta + m_etiqueta.NumEtiqueta),
+                          &m_etiqueta});
+    }
+    m_flota = std::make_unique<Flota>(etiquetas, elegidas, m_mb.programDir, m_traza.get());
     connect(m_flota.get(), &Flota::progreso, this, [this](int i) { emit progreso(m_filas.at(i)); });
     connect(m_flota.get(), &Flota::balanzaTerminada, this,
             [this](int i) { emit terminada(m_filas.at(i)); });
@@ -82,4 +96,15 @@ const Flota::Resultado* EnvioVarias::resultado(int fila) const
         return nullptr;
     const int i = static_cast<int>(m_filas.indexOf(fila));
     return i < 0 ? nullptr : &m_flota->resultado(i);
+}
+
+QString EnvioVarias::textoResultado(int fila) const
+{
+    const Flota::Resultado* r = resultado(fila);
+    if (!r || !r->terminada)
+        return QString();
+    if (r->ok)
+        return m_mb.Textos(2111);
+    return m_todas && !r->etiqueta.isEmpty() ? r->etiqueta + QStringLiteral(": ") + r->mensaje
+                                             : r->mensaje;
 }

@@ -32,12 +32,17 @@ public:
 
     // Starts the transfers to the ticked scales; false when none is. With
     // a trace, the person chooses its file first (false when cancelled),
-    // and it is written when the last scale has ended.
-    bool enviar(bool conTraza = false);
+    // and it is written when the last scale has ended. Every label of the
+    // set is the set file as saved, each label a transfer of its own in the
+    // order of the set; without a set file the person is told.
+    bool enviar(bool conTraza = false, bool todas = false);
     bool enCurso() const { return m_flota && m_flota->enCurso(); }
     // The progress and the result of a row, while and after it is sent;
     // null for a row not sent.
     const Flota::Resultado* resultado(int fila) const;
+    // The result of a row as the window shows it: nothing yet, done, or
+    // what failed (after the label that failed, when every label went).
+    QString textoResultado(int fila) const;
 
 signals:
     void progreso(int fila);
@@ -51,6 +56,8 @@ private:
     QList<bool> m_marcadas;
     QList<int> m_filas; // the row of each scale sent
     ModBase m_etiqueta; // the label as it stood when the sending started
+    std::unique_ptr<EtiquetasConjunto> m_conjunto;
+    bool m_todas = false;
     std::unique_ptr<TrazaEnvio> m_traza;
     QString m_rutaTraza;
     std::unique_ptr<Flota> m_flota;

@@ -1,6 +1,9 @@
 #include "Flota.h"
 
+#include "CodePage.h"
+#include "FileCommands.h"
 #include "FileSystem.h"
+#include "TextLines.h"
 #include "ModBase.h"
 #include "PuertoTcp.h"
 #include "RuntimeError.h"
@@ -158,6 +161,27 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
     if (!errores.isEmpty())
         balanzas.clear();
     return balanzas;
+}
+
+EtiquetasConjunto::EtiquetasConjunto(const ModBase& mb, const QString& ruta)
+{
+    ModBase bloque = mb;
+    SilentInteraction persona;
+    HeadlessView vista;
+    FileCommands archivos{bloque, persona, vista};
+    const int primera = bloque.ModeloNuevo ? 3 : 1;
+    archivos.controles.VSEtiqMin = primera;
+    archivos.IniciaLineas();
+    bloque.ArchivoActual = ruta;
+    archivos.ArchivoConjunto = ruta;
+    archivos.leerLineasConjunto(splitLines(fs::readAll(ruta)));
+    for (const bool total : {false, true})
+        for (int n = primera; n <= 5; ++n) {
+            archivos.CargarEtiquetaConjunto(total ? n + (bloque.ModeloNuevo ? 3 : 5) : n);
+            m_bloques.push_back(bloque);
+            const ModBase& b = m_bloques.back();
+            m_etiquetas.append({decodeFor(b.Idioma, b.TipoEtiqueta + b.NumEtiqueta), &b});
+        }
 }
 
 QString descripcionTrama(const ModBase& mb, Envio::Fase fase, int indice)

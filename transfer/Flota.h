@@ -7,8 +7,9 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
-#include <memory>
+#include <deque>
 #include <vector>
+#include <memory>
 
 struct ModBase;
 
@@ -35,6 +36,20 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
 struct EtiquetaEnvio {
     QString nombre;
     const ModBase* mb = nullptr;
+};
+
+// Every label of a set file, unfolded as the open command unfolds each, in
+// the order of the set: the packing labels, then the total labels, from the
+// model's first number. Each lives in a block of its own, a copy of the one
+// given (its settings, language and catalogue) with the label in it.
+class EtiquetasConjunto {
+public:
+    EtiquetasConjunto(const ModBase& mb, const QString& ruta);
+    const QList<EtiquetaEnvio>& etiquetas() const { return m_etiquetas; }
+
+private:
+    std::deque<ModBase> m_bloques;
+    QList<EtiquetaEnvio> m_etiquetas;
 };
 
 // A trace of the line for a technician: every frame sent and every reply

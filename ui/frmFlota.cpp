@@ -40,10 +40,14 @@ frmFlota::frmFlota(ModBase& mb, UserInteraction& ui, QWidget* parent)
     cmdCerrar = new QPushButton(T(2112), this);
     cmdCerrar->setObjectName(QStringLiteral("cmdCerrar"));
     cmdCerrar->setAccessibleName(T(2112));
+    chkTodas = new QCheckBox(T(2114), this);
+    chkTodas->setObjectName(QStringLiteral("chkTodas"));
+    chkTodas->setAccessibleName(T(2114));
     chkTraza = new QCheckBox(T(2113) + QStringLiteral("..."), this);
     chkTraza->setObjectName(QStringLiteral("chkTraza"));
     chkTraza->setAccessibleName(T(2113));
     auto* botones = new QHBoxLayout;
+    botones->addWidget(chkTodas);
     botones->addWidget(chkTraza);
     botones->addStretch();
     botones->addWidget(cmdEnviar);
@@ -99,7 +103,7 @@ void frmFlota::enviar()
     cmdCerrar->setEnabled(false);
     for (auto* marca : findChildren<QCheckBox*>())
         marca->setEnabled(false);
-    if (!m_logica.enviar(chkTraza->isChecked()))
+    if (!m_logica.enviar(chkTraza->isChecked(), chkTodas->isChecked()))
         emit m_logica.terminado();
 }
 
@@ -111,8 +115,7 @@ void frmFlota::mostrar(int fila)
     auto* barra = static_cast<QProgressBar*>(tblBalanzas->cellWidget(fila, Avance));
     barra->setMaximum(r->terminada && r->ok ? 1 : r->maximo);
     barra->setValue(r->terminada && r->ok ? 1 : r->valor);
-    if (r->terminada)
-        tblBalanzas->item(fila, Resultado)->setText(r->ok ? m_mb.Textos(2111) : r->mensaje);
+    tblBalanzas->item(fila, Resultado)->setText(m_logica.textoResultado(fila));
 }
 
 void frmFlota::closeEvent(QCloseEvent* e)

@@ -33,6 +33,7 @@ private:
     EnvioVarias m_logica;
     bool m_cargada = false;
     QTableWidget* tblBalanzas;
+    QCheckBox* chkTodas;
     QCheckBox* chkTraza;
     QPushButton* cmdEnviar;
     QPushButton* cmdCerrar;
