@@ -115,7 +115,10 @@ void frmFlota::mostrar(int fila)
     auto* barra = static_cast<QProgressBar*>(tblBalanzas->cellWidget(fila, Avance));
     barra->setMaximum(r->terminada && r->ok ? 1 : r->maximo);
     barra->setValue(r->terminada && r->ok ? 1 : r->valor);
-    tblBalanzas->item(fila, Resultado)->setText(m_logica.textoResultado(fila));
+    // A long message reads whole in the tip.
+    QTableWidgetItem* resultado = tblBalanzas->item(fila, Resultado);
+    resultado->setText(m_logica.textoResultado(fila));
+    resultado->setToolTip(resultado->text());
 }
 
 void frmFlota::closeEvent(QCloseEvent* e)
