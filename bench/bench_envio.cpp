@@ -1,10 +1,13 @@
 // A whole transfer against the virtual scale: what the program itself adds
 // to each frame beyond the time the bytes need on the line, and what it
-// costs the processor while it waits for the scale.
+// costs the processor while it waits for the scale; over TCP against the
+// line's own time, and a fleet of scales at once.
 #include "Catalogo.h"
 #include "Envio.h"
 #include "ModBase.h"
+#include "Flota.h"
 #include "PuertoSerieQt.h"
+#include "PuertoTcp.h"
 #include "UserInteraction.h"
 
 #include <benchmark/benchmark.h>
@@ -15,6 +18,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
+
+#include <ctime>
 
 namespace {
 
@@ -39,7 +44,9 @@ public:
 // A program folder with the catalogue and the virtual scale as its COM1.
 class Banco {
 public:
-    explicit Banco(const QStringList& opciones)
+    // On TCP the scale listens on a free loopback port, its address in
+    // direccion(); else it is COM1 of the program folder.
+    explicit Banco(const QStringList& opciones, bool tcp = false)
     {
         QDir(m_dir.path()).mkpath("lang");
         QDir(m_dir.path()).mkpath("dosdevices");
@@ -61,10 +68,13 @@ public:
         m_mb.TextoLibre(0) = "CARNE DE TERNERA";
         const QString enlace = m_dir.filePath("dosdevices/com1");
         m_escala.setStandardOutputFile(QProcess::nullDevice());
-        m_escala.start(g_bin + "/korvo-scale", QStringList{"--link", enlace} + opciones);
+        const QStringList red = tcp ? QStringList{"--tcp", "127.0.0.1:0"} : QStringList{};
+        m_escala.start(g_bin + "/korvo-scale", red + QStringList{"--link", enlace} + opciones);
         m_escala.waitForStarted();
         for (int i = 0; i < 500 && !QFileInfo(enlace).isSymLink(); ++i)
             QThread::msleep(10);
+        if (tcp)
+            m_direccion = nombreDeCom(m_dir.path(), 1);
     }
     ~Banco()
     {
@@ -73,8 +83,10 @@ public:
     }
 
     ModBase& mb() { return m_mb; }
+    const QString& direccion() const { return m_direccion; }
 
 private:
+    QString m_direccion;
     QTemporaryDir m_dir;
     ModBase m_mb;
     QProcess m_escala;
@@ -129,6 +141,107 @@ BENCHMARK(BM_Transferencia_escalaLenta)
     ->UseRealTime()
     ->MeasureProcessCPUTime()
     ->Iterations(5);
+
+// The time the label's frames and the scale's replies take on a line at
+// that speed, ten bits a byte.
+double tiempoLineaMs(const ModBase& mb, int baudios)
+{
+    qint64 bytes = 0;
+    for (const QByteArray& t : TramasEtiqueta(mb, mb.NumEquipo, false))
+        bytes += t.size() + 7;
+    return static_cast<double>(bytes) * 10.0 / baudios * 1e3;
+}
+
+double procesoMs()
+{
+    timespec ts{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &ts);
+    return static_cast<double>(ts.tv_sec) * 1e3 + static_cast<double>(ts.tv_nsec) / 1e6;
+}
+
+// One transfer over TCP to a scale that takes the line's own time at 19200
+// baud: the ratio of the wall time to that line time is what the program
+// and the network add.
+void BM_TransferenciaTcp_linea19200(benchmark::State& state)
+{
+    Banco banco({"--line-speed", "19200"}, true);
+    ModBase& mb = banco.mb();
+    QElapsedTimer reloj;
+    qint64 ns = 0;
+    for (auto _ : state) {
+        Callada persona;
+        SinProgreso progreso;
+        PuertoTcp puerto(banco.direccion());
+        reloj.start();
+        if (EnviarEtiqueta(mb, puerto, persona, progreso) != 0) {
+            state.SkipWithError("the transfer failed");
+            break;
+        }
+        ns += reloj.nsecsElapsed();
+    }
+    const double linea = tiempoLineaMs(mb, 19200);
+    state.counters["line_ms"] = linea;
+    state.counters["ratio_to_line"] =
+        static_cast<double>(ns) / 1e6 / static_cast<double>(state.iterations()) / linea;
+}
+BENCHMARK(BM_TransferenciaTcp_linea19200)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime()
+    ->Iterations(5);
+
+// A fleet of N scales on loopback (every connection to the virtual scale is
+// a scale of its own, each taking the line's time at 19200 baud), all at
+// once on this thread: its wall time against one transfer's, and the
+// processor time of this process as a share of the wall time.
+void BM_Flota_linea19200(benchmark::State& state)
+{
+    const int n = static_cast<int>(state.range(0));
+    Banco banco({"--line-speed", "19200"}, true);
+    ModBase& mb = banco.mb();
+    const QList<EtiquetaEnvio> etiquetas{{QStringLiteral("V3"), &mb}};
+    QList<BalanzaLista> una, todas;
+    for (int i = 0; i < n; ++i) {
+        BalanzaLista b;
+        b.nombre = QStringLiteral("s%1").arg(i);
+        b.puerto = banco.direccion();
+        b.equipo = 1;
+        todas.append(b);
+    }
+    una.append(todas.first());
+    QElapsedTimer reloj;
+    double unaMs = 0, flotaMs = 0, cpuMs = 0;
+    for (auto _ : state) {
+        {
+            Flota sola(etiquetas, una, mb.programDir);
+            reloj.start();
+            sola.ejecutar();
+            unaMs += static_cast<double>(reloj.nsecsElapsed()) / 1e6;
+        }
+        Flota flota(etiquetas, todas, mb.programDir);
+        const double cpu0 = procesoMs();
+        reloj.start();
+        flota.ejecutar();
+        flotaMs += static_cast<double>(reloj.nsecsElapsed()) / 1e6;
+        cpuMs += procesoMs() - cpu0;
+        for (int i = 0; i < flota.cuantas(); ++i)
+            if (!flota.resultado(i).ok) {
+                state.SkipWithError("a scale failed");
+                return;
+            }
+    }
+    const double it = static_cast<double>(state.iterations());
+    state.counters["one_ms"] = unaMs / it;
+    state.counters["fleet_ms"] = flotaMs / it;
+    state.counters["ratio_to_one"] = flotaMs / unaMs;
+    state.counters["cpu_share"] = cpuMs / flotaMs;
+}
+BENCHMARK(BM_Flota_linea19200)
+    ->Arg(100)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime()
+    ->Iterations(3);
 
 // The frames alone, as the command line lists them.
 void BM_TramasEtiqueta(benchmark::State& state)

@@ -6,11 +6,13 @@
 #include "Configuracion.h"
 #include "FileSystem.h"
 #include "Envio.h"
-#include "PuertoSerieQt.h"
+#include "Flota.h"
+#include "PuertoTcp.h"
 #include "RenderVista.h"
 #include "TextLines.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -332,6 +334,77 @@ private:
     QString m_texto;
 };
 
+// The labels in turn to the scale on one port, each with its progress bar
+// and its messages on stderr; with more than one label, a line for each
+// label sent on stdout.
+int enviarPorPuerto(CliContext& ctx, const QString& port, const QList<EtiquetaEnvio>& etiquetas,
+                    bool porEtiqueta, TrazaEnvio* traza)
+{
+    const std::unique_ptr<PuertoSerie> puerto = crearPuerto(ctx.mb.programDir, port);
+    if (!puerto)
+        throw UsageError("--port takes a device, COM1..COM4 or tcp://HOST:PORT");
+    for (const EtiquetaEnvio& e : etiquetas) {
+        int16_t resultado = -1;
+        {
+            BarraProgreso barra;
+            Envio envio(*e.mb, *puerto, ctx.ui, barra);
+            if (traza)
+                traza->seguir(envio, port, e);
+            envio.cargar();
+            envio.ejecutar();
+            resultado = envio.estadoEnvio();
+        }
+        if (traza)
+            traza->nota(port, e.nombre + (resultado == 0 ? QStringLiteral(": accepted")
+                                                         : QStringLiteral(": failed")));
+        if (porEtiqueta)
+            print(e.nombre + (resultado == 0 ? QStringLiteral("\tok\n") : QStringLiteral("\tfailed\n")));
+        if (resultado != 0)
+            return 1;
+    }
+    return 0;
+}
+
+// Every scale of the list at once: a progress line on stderr while they
+// go, then a line for each scale on stdout, in the order of the list.
+int enviarAFlota(CliContext& ctx, const QList<BalanzaLista>& balanzas,
+                 const QList<EtiquetaEnvio>& etiquetas, TrazaEnvio* traza)
+{
+    Flota flota(etiquetas, balanzas, ctx.mb.programDir, traza);
+    QElapsedTimer ultima;
+    const auto pintar = [&](bool ya) {
+        if (!ya && ultima.isValid() && ultima.elapsed() < 100)
+            return;
+        ultima.start();
+        int valor = 0, maximo = 0, fallidas = 0;
+        for (int i = 0; i < flota.cuantas(); ++i) {
+            const Flota::Resultado& r = flota.resultado(i);
+            valor += r.terminada ? 1 : 0;
+            fallidas += r.terminada && !r.ok ? 1 : 0;
+            maximo += 1;
+        }
+        std::fprintf(stderr, "\r%d/%d scales done, %d failed", valor, maximo, fallidas);
+        std::fflush(stderr);
+        g_barraActiva = true;
+    };
+    QObject::connect(&flota, &Flota::progreso, &flota, [&] { pintar(false); });
+    QObject::connect(&flota, &Flota::balanzaTerminada, &flota, [&] { pintar(true); });
+    flota.ejecutar();
+    if (g_barraActiva)
+        std::fputc('\n', stderr);
+    g_barraActiva = false;
+    bool todas = true;
+    for (int i = 0; i < flota.cuantas(); ++i) {
+        const Flota::Resultado& r = flota.resultado(i);
+        QString linea = flota.balanza(i).nombre + (r.ok ? QStringLiteral("\tok") : QStringLiteral("\tfailed\t"));
+        if (!r.ok)
+            linea += (etiquetas.size() > 1 ? r.etiqueta + QStringLiteral(": ") : QString()) + r.mensaje;
+        print(linea + '\n');
+        todas = todas && r.ok;
+    }
+    return todas ? 0 : 1;
+}
+
 } // namespace
 
 int cmdFrames(CliContext& ctx, QStringList args)
@@ -348,11 +421,16 @@ int cmdFrames(CliContext& ctx, QStringList args)
 
 int cmdSend(CliContext& ctx, QStringList args)
 {
-    const char* usage = "usage: korvo-cli send FILE [--label KN] --port PORT [--baud B] "
-                        "[--parity N|E|O] [--data 7|8] [--stop 1|2] [--equipo N] [--texts-only]";
+    const char* usage =
+        "usage: korvo-cli send FILE [--label KN | --all-labels] (--port PORT | --scales LIST)\n"
+        "       [--baud B] [--parity N|E|O] [--data 7|8] [--stop 1|2] [--equipo N] [--texts-only]\n"
+        "       [--trace OUT]";
     const QString label = takeOption(args, QStringLiteral("--label"));
+    const bool todas = takeFlag(args, QStringLiteral("--all-labels"));
     const QString port = takeOption(args, QStringLiteral("--port"));
-    if (port.isEmpty())
+    const QString lista = takeOption(args, QStringLiteral("--scales"));
+    const QString rutaTraza = takeOption(args, QStringLiteral("--trace"));
+    if (port.isEmpty() == lista.isEmpty() || (todas && !label.isEmpty()))
         throw UsageError(usage);
     ModBase& mb = ctx.mb;
     if (const QString v = takeOption(args, QStringLiteral("--baud")); !v.isEmpty())
@@ -365,18 +443,42 @@ int cmdSend(CliContext& ctx, QStringList args)
         mb.BitsParada = indiceDe(v, {"1", "2"}, "--stop");
     mb.NumEquipo = equipo(args);
     mb.SoloTextos = takeFlag(args, QStringLiteral("--texts-only"));
-    ctx.load(needFile(args, usage), label);
+    const QString file = needFile(args, usage);
 
-    PuertoSerieQt puerto(mb.programDir);
-    const QRegularExpression com(QStringLiteral("^COM([1-4])$"), QRegularExpression::CaseInsensitiveOption);
-    if (const auto m = com.match(port); m.hasMatch())
-        mb.Puerto = static_cast<int16_t>(m.captured(1).toInt() - 1);
-    else
-        puerto.setDevice(port);
-    int16_t resultado = -1;
-    {
-        BarraProgreso barra;
-        resultado = EnviarEtiqueta(mb, puerto, ctx.ui, barra);
+    QList<BalanzaLista> balanzas;
+    if (!lista.isEmpty()) {
+        if (!fs::fileExists(lista))
+            throw UsageError(qPrintable(QStringLiteral("no file %1").arg(lista)));
+        QStringList errores;
+        balanzas = leerListaBalanzas(fs::readAll(lista), ajustesLinea(mb), errores);
+        if (!errores.isEmpty()) {
+            for (const QString& e : errores)
+                std::fprintf(stderr, "%s:%s\n", qPrintable(lista), qPrintable(e.mid(5)));
+            return 2;
+        }
     }
-    return resultado == 0 ? 0 : 1;
+
+    // Each label unfolded in a block of its own, in the order of the set.
+    std::unique_ptr<EtiquetasConjunto> conjunto;
+    QList<EtiquetaEnvio> etiquetas;
+    if (todas) {
+        if (!fs::fileExists(file) || esArchivoEtiqueta(file))
+            throw UsageError("--all-labels is for set files");
+        conjunto = std::make_unique<EtiquetasConjunto>(mb, file);
+        etiquetas = conjunto->etiquetas();
+    } else {
+        ctx.load(file, label);
+        etiquetas.append({texto(ctx, mb.TipoEtiqueta + mb.NumEtiqueta), &mb});
+    }
+
+    TrazaEnvio traza;
+    TrazaEnvio* conTraza = rutaTraza.isEmpty() ? nullptr : &traza;
+    int resultado = 0;
+    if (balanzas.isEmpty())
+        resultado = enviarPorPuerto(ctx, port, etiquetas, todas, conTraza);
+    else
+        resultado = enviarAFlota(ctx, balanzas, etiquetas, conTraza);
+    if (conTraza)
+        traza.guardar(rutaTraza);
+    return resultado;
 }

@@ -3,7 +3,7 @@ korvo_test(tst_tramas korvo_transfer)
 korvo_test(tst_coordenadas korvo_transfer)
 korvo_test(tst_caracteres korvo_transfer)
 # Whole transfers against the virtual scale on a pseudo-terminal.
-korvo_test(tst_envio korvo_transfer)
+korvo_test(tst_envio korvo_transfer Qt6::Network)
 target_compile_definitions(tst_envio PRIVATE KORVO_SCALE="$<TARGET_FILE:korvo-scale>")
 add_dependencies(tst_envio korvo-scale)
 set_tests_properties(tst_envio PROPERTIES TIMEOUT 300)

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QtTest>
 
@@ -150,6 +151,140 @@ private slots:
             QCOMPARE(received, expected);
         else // nothing after the refused frame, and no closing frame
             QCOMPARE(received, expected.mid(0, 4));
+    }
+
+    // Every scale of a list at once: good ones on the network and on a
+    // serial port, and one for each way a scale lets a transfer down; each
+    // fails alone, the rest get every byte, all within one reply wait.
+    void flota_data()
+    {
+        QTest::addColumn<QStringList>("extra"); // further options of send
+        QTest::addColumn<int>("buenas");        // scales on the good network scale
+        QTest::addColumn<QStringList>("etiquetas");
+        QTest::newRow("one label, 21 scales") << QStringList{"--label", "T4"} << 16 << QStringList{"T4"};
+        QTest::newRow("every label, 4 scales")
+            << QStringList{"--all-labels"} << 2 << QStringList{"V3", "V4", "V5", "T3", "T4", "T5"};
+    }
+
+    void flota()
+    {
+        QFETCH(QStringList, extra);
+        QFETCH(int, buenas);
+        QFETCH(QStringList, etiquetas);
+        LabelEnv e(1);
+        conjunto(e);
+        using L = BalanzaVirtual::Linea;
+        BalanzaVirtual buena(e.dir, {}, L::Tcp, "good");
+        BalanzaVirtual serie(e.dir, {});
+        BalanzaVirtual rechaza(e.dir, {"--refuse", "4"}, L::Tcp, "refuse");
+        BalanzaVirtual muda(e.dir, {"--silent", "1"}, L::Tcp, "silent");
+        BalanzaVirtual seVa(e.dir, {"--vanish", "20"}, L::Tcp, "vanish");
+        for (const BalanzaVirtual* b : {&buena, &serie, &rechaza, &muda, &seVa})
+            QVERIFY(b->lista());
+        QByteArray lista = "name,port,equipo,baud,parity,data,stop\n";
+        QStringList esperado;
+        for (int i = 1; i <= buenas; ++i) {
+            lista += "net" + QByteArray::number(i) + "," + buena.direccion().toUtf8() + ",1,,,,\n";
+            esperado.append(QStringLiteral("net%1\tok").arg(i));
+        }
+        lista += "serial,COM1,1,19200,N,8,1\n";
+        esperado.append("serial\tok");
+        const QString primera = etiquetas.size() > 1 ? etiquetas.first() + ": " : QString();
+        const auto fallo = [&](const QString& nombre, const QString& direccion, const QString& mensaje) {
+            lista += (nombre + "," + direccion + ",1,,,,\n").toUtf8();
+            esperado.append(nombre + "\tfailed\t" + primera + mensaje);
+        };
+        const auto puerto = [&](const QString& direccion, int porque) {
+            return e.mb.Textos(260) + ": " + direccion + " (" + e.mb.Textos(porque) + ") " +
+                   QString(e.mb.Textos(989)).replace('\n', ' ');
+        };
+        fallo("refuses", rechaza.direccion(), e.mb.Textos(1327) + " " + e.mb.Textos(1307));
+        fallo("silent", muda.direccion(), puerto(muda.direccion(), 2103));
+        fallo("vanishes", seVa.direccion(), puerto(seVa.direccion(), 2102));
+        fallo("nobody", "tcp://127.0.0.1:1", puerto("tcp://127.0.0.1:1", 2101));
+        e.dir.write("scales.csv", lista);
+
+        QElapsedTimer reloj;
+        reloj.start();
+        const Run r = cli(e, QStringList{"send", e.dir.file("set.pse"), "--scales",
+                                         e.dir.file("scales.csv"), "--trace", e.dir.file("trace.txt")} +
+                                 extra);
+        QVERIFY2(reloj.elapsed() < 5500, qPrintable(QString::number(reloj.elapsed())));
+        QCOMPARE(r.code, 1);
+        QCOMPARE(QString::fromUtf8(r.out).split('\n', Qt::SkipEmptyParts), esperado);
+
+        // Byte for byte, every label in the order of the set, on every good scale.
+        QList<QByteArray> flujo;
+        for (const QString& kn : etiquetas) {
+            const Run frames = cli(e, {"frames", e.dir.file("set.pse"), "--label", kn});
+            for (const QByteArray& line : frames.out.split('\n'))
+                if (!line.isEmpty())
+                    flujo.append(QByteArray::fromHex(line));
+        }
+        QCOMPARE(serie.tramas(), flujo);
+        QList<QByteArray> todas;
+        for (int i = 0; i < buenas; ++i)
+            todas += flujo;
+        QList<QByteArray> llegadas = buena.tramas();
+        std::sort(todas.begin(), todas.end());
+        std::sort(llegadas.begin(), llegadas.end());
+        QCOMPARE(llegadas, todas);
+        // Nothing after the refused frame.
+        QCOMPARE(rechaza.tramas(), flujo.mid(0, 4));
+
+        // The trace has every frame and reply of the serial scale, named.
+        const QList<QByteArray> traza = e.dir.read("trace.txt").split('\n');
+        int salidas = 0;
+        for (const QByteArray& l : traza)
+            salidas += l.contains("\tserial\t") && l.contains("\t->\t") ? 1 : 0;
+        QCOMPARE(salidas, flujo.size());
+        QVERIFY(e.dir.read("trace.txt").contains("\tsilent\t" + etiquetas.first().toUtf8() +
+                                                 "\t<-\topening\t\tno reply within 3000 ms"));
+    }
+
+    // Every mistake of a list of scales, told by its line; nothing is sent.
+    void listaErronea_data()
+    {
+        QTest::addColumn<QByteArray>("lista");
+        QTest::addColumn<QStringList>("errores");
+        QTest::newRow("empty") << QByteArray("\n\n") << QStringList{"1: the list is empty"};
+        QTest::newRow("missing column") << QByteArray("name,equipo\na,1\n")
+                                        << QStringList{"1: no column 'port'"};
+        QTest::newRow("unknown and twice") << QByteArray("name,port,equipo,speed,name\n")
+                                           << QStringList{"1: unknown column 'speed'", "1: column 'name' twice"};
+        QTest::newRow("every kind of line")
+            << QByteArray("name,port,equipo,baud,parity\n"
+                          "a,COM1,1,,\n"
+                          "\n"
+                          "A,tcp://127.0.0.1:4001,2,,\n"
+                          "b,COM9,1,,\n"
+                          "c,tcp://host,1,,\n"
+                          "d,tcp://127.0.0.1:4002,x,,\n"
+                          "e,COM2,1,1200,Q\n"
+                          ",COM3,1,,\n"
+                          "f,COM4\n")
+            << QStringList{"4: the name 'A' is also on line 2", "5: bad port 'COM9'", "6: bad port 'tcp://host'",
+                           "7: bad equipo 'x'", "8: bad baud '1200'", "8: bad parity 'Q'", "9: no name",
+                           "10: 2 values where the header has 5 columns"};
+    }
+
+    void listaErronea()
+    {
+        QFETCH(QByteArray, lista);
+        QFETCH(QStringList, errores);
+        LabelEnv e(1);
+        conjunto(e);
+        e.dir.write("scales.csv", lista);
+        const Run r = cli(e, {"send", e.dir.file("set.pse"), "--scales", e.dir.file("scales.csv")});
+        QCOMPARE(r.code, 2);
+        QVERIFY(r.out.isEmpty());
+        const QStringList lineas = QString::fromUtf8(r.err)
+                                       .split('\n', Qt::SkipEmptyParts)
+                                       .filter(QRegularExpression("^" + e.dir.file("scales.csv")));
+        QCOMPARE(lineas.size(), errores.size());
+        for (int i = 0; i < errores.size(); ++i)
+            QVERIFY2(lineas.at(i).startsWith(e.dir.file("scales.csv") + ":" + errores.at(i)),
+                     qPrintable(lineas.at(i)));
     }
 
     void errores_data()

@@ -9,10 +9,12 @@
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "PuertoSerieQt.h"
+#include "PuertoTcp.h"
 #include "RuntimeError.h"
 #include "ScriptedInteraction.h"
 
 #include <QProcess>
+#include <QTcpServer>
 #include <QtTest>
 
 namespace {
@@ -178,7 +180,90 @@ private slots:
             << 0 << 3000 << QByteArray();
     }
 
-    void transferencia()
+    void transferencia() { transferir(BalanzaVirtual::Linea::Pty); }
+
+    // The same over the network: the scale's address in the COM1 link of
+    // the program folder. The bytes, the waits and the messages are the
+    // serial line's; a scale that takes the connection and never answers
+    // is told as such.
+    void transferenciaTcp_data() { transferencia_data(); }
+    void transferenciaTcp() { transferir(BalanzaVirtual::Linea::Tcp); }
+
+    // A network scale that cannot be reached, or goes away, ends the
+    // transfer at once with one message that names its address and why.
+    void fallosDeRed_data()
+    {
+        QTest::addColumn<QString>("direccion"); // SCALE: the virtual scale's; CLOSED: a port nobody listens on
+        QTest::addColumn<QStringList>("opciones");
+        QTest::addColumn<int>("porque"); // the text id in the parenthesis
+        QTest::addColumn<int>("recibidas");
+        QTest::newRow("no such host") << "tcp://no..host:4000" << QStringList{} << 2100 << 0;
+        QTest::newRow("connection refused") << "CLOSED" << QStringList{} << 2101 << 0;
+        QTest::newRow("dropped at field 4") << "SCALE" << QStringList{"--vanish", "20"} << 2102 << 20;
+    }
+
+    void fallosDeRed()
+    {
+        QFETCH(QString, direccion);
+        QFETCH(QStringList, opciones);
+        QFETCH(int, porque);
+        QFETCH(int, recibidas);
+        Entorno e(2, 1);
+        std::unique_ptr<BalanzaVirtual> balanza;
+        if (direccion == "SCALE") {
+            balanza = std::make_unique<BalanzaVirtual>(e.pd, opciones, BalanzaVirtual::Linea::Tcp);
+            QVERIFY(balanza->lista());
+            direccion = balanza->direccion();
+        } else if (direccion == "CLOSED") {
+            QTcpServer cerrado;
+            QVERIFY(cerrado.listen(QHostAddress::LocalHost));
+            direccion = QStringLiteral("tcp://127.0.0.1:%1").arg(cerrado.serverPort());
+        }
+        const auto puerto = crearPuerto(e.mb.programDir, direccion);
+        QVERIFY(puerto);
+        QElapsedTimer reloj;
+        reloj.start();
+        QCOMPARE(EnviarEtiqueta(e.mb, *puerto, e.persona, e.progreso), 1);
+        QVERIFY(reloj.elapsed() < 2500);
+        QVERIFY(!puerto->portOpen());
+        QCOMPARE(e.persona.log,
+                 QStringList{"message: " + e.mb.Textos(260) + ": " + direccion + " (" +
+                             e.mb.Textos(porque) + ")\n" + e.mb.Textos(989)});
+        if (balanza)
+            QCOMPARE(balanza->tramas().size(), recibidas);
+    }
+
+    // COMn reaches a network scale when its dosdevices entry names one: a
+    // link whose target is the address, or a small file that holds it.
+    void comEnRed_data()
+    {
+        QTest::addColumn<QString>("entrada"); // "link:TARGET" or "file:CONTENT"
+        QTest::addColumn<QString>("nombre");
+        QTest::newRow("link") << "link:tcp://127.0.0.1:4001" << "tcp://127.0.0.1:4001";
+        QTest::newRow("file") << "file:tcp://[::1]:4002\n" << "tcp://[::1]:4002";
+        QTest::newRow("file of anything else") << "file:hello" << "dosdevices/com2";
+        QTest::newRow("link to a device") << "link:/dev/null" << "dosdevices/com2";
+    }
+
+    void comEnRed()
+    {
+        QFETCH(QString, entrada);
+        QFETCH(QString, nombre);
+        ProgramDir pd;
+        QDir().mkpath(pd.file("dosdevices"));
+        const QString valor = entrada.section(':', 1);
+        if (entrada.startsWith("link:"))
+            QVERIFY(QFile::link(valor, pd.file("dosdevices/com2")));
+        else
+            pd.write("dosdevices/com2", valor.toUtf8());
+        const QString esperado = nombre.startsWith("tcp:") ? nombre : pd.file(nombre);
+        QCOMPARE(nombreDeCom(pd.path(), 2), esperado);
+        QCOMPARE(qobject_cast<PuertoTcp*>(crearPuerto(pd.path(), "COM2").get()) != nullptr,
+                 nombre.startsWith("tcp:"));
+    }
+
+private:
+    void transferir(BalanzaVirtual::Linea linea)
     {
         QFETCH(int, modelo);
         QFETCH(int, idioma);
@@ -197,12 +282,14 @@ private slots:
         mb.SoloTextos = soloTextos;
         const ModBase antes = mb;
 
-        BalanzaVirtual balanza(e.pd, opciones);
+        BalanzaVirtual balanza(e.pd, opciones, linea);
         QVERIFY(balanza.lista());
-        PuertoSerieQt puerto(mb.programDir);
+        const auto puerto = crearPuerto(mb.programDir, QStringLiteral("COM1"));
+        QCOMPARE(qobject_cast<PuertoTcp*>(puerto.get()) != nullptr,
+                 linea == BalanzaVirtual::Linea::Tcp);
         QElapsedTimer reloj;
         reloj.start();
-        const int16_t resultado = EnviarEtiqueta(mb, puerto, e.persona, e.progreso);
+        const int16_t resultado = EnviarEtiqueta(mb, *puerto, e.persona, e.progreso);
         const qint64 ms = reloj.elapsed();
 
         QCOMPARE(resultado, estado);
@@ -213,6 +300,10 @@ private slots:
                 partes.append(mb.Textos(id.toInt()));
             esperados.append(QStringLiteral("message: ") + partes.join(' '));
         }
+        if (linea == BalanzaVirtual::Linea::Tcp &&
+            QTest::currentDataTag() == QLatin1String("opening unanswered"))
+            esperados = QStringList{"message: " + mb.Textos(260) + ": " + balanza.direccion() +
+                                    " (" + mb.Textos(2103) + ")\n" + mb.Textos(989)};
         QCOMPARE(e.persona.log, esperados);
 
         // Byte for byte what the stream of the label holds, up to where it stopped.
@@ -236,6 +327,7 @@ private slots:
         QCOMPARE(mb.TextoLibre, antes.TextoLibre);
     }
 
+private slots:
     // A reply that comes after its time, once the port is closed, is not
     // taken for the reply to the next transfer's opening: opening the port
     // empties what waited in it.

@@ -7,12 +7,14 @@
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
+#include "FileCommands.h"
 #include "Recorrido.h"
 #include "frmBorrar.h"
 #include "frmCargaTXL.h"
 #include "frmConfig.h"
 #include "frmDES.h"
 #include "frmEnvio.h"
+#include "frmFlota.h"
 #include "frmTXF.h"
 #include "frmTXL.h"
 
@@ -20,6 +22,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -234,6 +237,109 @@ private slots:
         QCOMPARE(m_mb->BitsDatos, int16_t(1));
         QCOMPARE(m_mb->NumEquipo, int16_t(3));
         QCOMPARE(m_mb->SoloTextos, soloTextos);
+    }
+
+    // The settings dialog's third button shows the list of scales of the
+    // program folder; the ticked ones get the label at once, each row with
+    // its progress and result; the unticked one gets nothing. Without a
+    // list, the person is told where to write one. Every label of the set
+    // goes as saved, one transfer each; without a set file, nothing goes.
+    void configEnviaVarias_data()
+    {
+        QTest::addColumn<bool>("conLista");
+        QTest::addColumn<int>("todas"); // 0 the label; 1 every label, set saved; 2 every label, no set
+        QTest::newRow("a list of four, one unticked") << true << 0;
+        QTest::newRow("every label of the set") << true << 1;
+        QTest::newRow("every label, no set file") << true << 2;
+        QTest::newRow("no list") << false << 0;
+    }
+    void configEnviaVarias()
+    {
+        QFETCH(bool, conLista);
+        QFETCH(int, todas);
+        m_mb->Baudios = 3;
+        m_mb->TextoLibre(0) = "CARNE";
+        if (todas == 1) {
+            HeadlessView vista;
+            SilentInteraction nadie;
+            FileCommands archivos{*m_mb, nadie, vista};
+            archivos.controles.VSEtiqMin = 3;
+            archivos.IniciaLineas();
+            m_mb->NumEtiqueta = "3"; // the new model's first packing label
+            m_mb->ArchivoActual = m_dir->file("set.pse");
+            archivos.GuardarEtiquetaConjunto();
+        }
+        const int etiquetas = todas == 1 ? 6 : todas == 2 ? 0 : 1;
+        using L = BalanzaVirtual::Linea;
+        BalanzaVirtual buena(*m_dir, {}, L::Tcp, "good");
+        BalanzaVirtual rechaza(*m_dir, {"--refuse", "1"}, L::Tcp, "refuse");
+        BalanzaVirtual serie(*m_dir, {});
+        QVERIFY(buena.lista() && rechaza.lista() && serie.lista());
+        if (conLista)
+            m_dir->write("scales.csv", ("name,port,equipo\nfirst," + buena.direccion() +
+                                        ",1\nsecond," + buena.direccion() + ",2\nsaid no," +
+                                        rechaza.direccion() + ",1\nleft out,COM1,1\n")
+                                           .toUtf8());
+
+        ScriptedInteraction ui;
+        ui.savePaths.append(m_dir->file("trace.txt"));
+        frmConfig w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        hijo<QComboBox>(w, "cmbPar")->setCurrentIndex(0);
+        hijo<QComboBox>(w, "cmbDatos")->setCurrentIndex(1);
+
+        QStringList resultados;
+        bool cerrada = false;
+        QTimer::singleShot(0, [&] {
+            auto* f = qobject_cast<frmFlota*>(QApplication::activeModalWidget());
+            if (!f)
+                return;
+            QVERIFY(QTest::qWaitForWindowExposed(f));
+            auto* tabla = hijo<QTableWidget>(*f, "tblBalanzas");
+            QCOMPARE(tabla->rowCount(), 4);
+            auto* cuarta = hijo<QCheckBox>(*f, "chkBalanza3");
+            QTest::mouseClick(cuarta, Qt::LeftButton);
+            QVERIFY(!cuarta->isChecked());
+            QTest::mouseClick(hijo<QCheckBox>(*f, "chkTraza"), Qt::LeftButton);
+            if (todas)
+                QTest::mouseClick(hijo<QCheckBox>(*f, "chkTodas"), Qt::LeftButton);
+            QTest::mouseClick(hijo<QPushButton>(*f, "cmdEnviar"), Qt::LeftButton);
+            QCOMPARE(hijo<QPushButton>(*f, "cmdCerrar")->isEnabled(), etiquetas == 0);
+            QTRY_VERIFY_WITH_TIMEOUT(hijo<QPushButton>(*f, "cmdEnviar")->isEnabled(), 5000);
+            for (int fila = 0; fila < 4; ++fila)
+                resultados.append(tabla->item(fila, 4)->text());
+            if (etiquetas)
+                QCOMPARE(hijo<QProgressBar>(*f, "barBalanza0")->value(),
+                         hijo<QProgressBar>(*f, "barBalanza0")->maximum());
+            QTest::mouseClick(hijo<QPushButton>(*f, "cmdCerrar"), Qt::LeftButton);
+            cerrada = true;
+        });
+        QTest::mouseClick(hijo<QPushButton>(w, "CommandVarias"), Qt::LeftButton);
+        QVERIFY(!w.isVisible());
+        if (!conLista) {
+            QCOMPARE(ui.log, QStringList{"message: " + m_mb->Textos(2105) + "\n" +
+                                         m_dir->file("scales.csv")});
+            return;
+        }
+        QVERIFY(cerrada);
+        QCOMPARE(buena.tramas().size(), 2 * 54 * etiquetas);
+        QCOMPARE(rechaza.tramas().size(), etiquetas ? 1 : 0);
+        QVERIFY(serie.tramas().isEmpty());
+        if (etiquetas == 0) {
+            QCOMPARE(ui.log, QStringList{"message: " + m_mb->Textos(2115)});
+            QCOMPARE(resultados, QStringList(4));
+            return;
+        }
+        // The trace goes where the person said, with both scales' frames.
+        QCOMPARE(ui.log, QStringList{"save: " + m_mb->Textos(2113) + " (*.txt)|*.txt"});
+        const QByteArray traza = m_dir->read("trace.txt");
+        QCOMPARE(traza.count("\tfirst\t"), (2 * 54 + 1) * etiquetas);
+        QVERIFY(traza.contains("\tsaid no\t"));
+        QCOMPARE(resultados,
+                 (QStringList{m_mb->Textos(2111), m_mb->Textos(2111),
+                              (todas ? "V3: " : "") + QString(m_mb->Textos(989)).replace('\n', ' '),
+                              QString()}));
     }
 
     // --- text boxes: capitals as typed, 25 characters ---

@@ -42,6 +42,7 @@ struct FalloPuerto {
     AjustesLinea ajustes;              // the settings asked for
     QString nombre;                    // the device as the program names it
     QString detalle;                   // the system's own words, when it has any
+    int textoId = 0;                   // the catalogue's words instead, when not 0
 };
 
 // The serial port as the transfer needs it. One frame goes out whole, then
@@ -62,12 +63,24 @@ public:
     // fallo() tells why.
     virtual bool open() = 0;
     virtual void close() = 0;
+    // Where a transfer opens the port afresh so that the next frame starts
+    // on an empty input. A serial port is closed and opened; a port that
+    // keeps its connection may only empty its input.
+    virtual bool reabrir()
+    {
+        if (portOpen())
+            close();
+        return open();
+    }
     // Hands the whole frame over; false when the port takes it no longer.
     virtual bool output(const QByteArray& trama) = 0;
     // How many received bytes wait, and all of them, taken.
     virtual int inBufferCount() const = 0;
     virtual QByteArray input() = 0;
     virtual FalloPuerto fallo() const = 0;
+    // The reply wait ran out: true when the port sees a failure of its own
+    // in that silence (then fallo() tells it), false when it is the scale's.
+    virtual bool fallaPorSilencio() { return false; }
 
 signals:
     void readyRead();

@@ -3,6 +3,7 @@
 #include "ConfigEnvio.h"
 #include "ModBase.h"
 #include "frmEnvio.h"
+#include "frmFlota.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -65,10 +66,12 @@ frmConfig::frmConfig(ModBase& mb, UserInteraction& ui, QWidget* parent)
     OKButton->setObjectName(QStringLiteral("OKButton"));
     CommandTXL = new QPushButton(T(1329), this);
     CommandTXL->setObjectName(QStringLiteral("CommandTXL"));
+    CommandVarias = new QPushButton(T(2107) + QStringLiteral("..."), this);
+    CommandVarias->setObjectName(QStringLiteral("CommandVarias"));
     CancelButton = new QPushButton(T(288), this);
     CancelButton->setObjectName(QStringLiteral("CancelButton"));
     auto* botones = new QVBoxLayout;
-    for (QPushButton* b : {OKButton, CommandTXL, CancelButton})
+    for (QPushButton* b : {OKButton, CommandTXL, CommandVarias, CancelButton})
         botones->addWidget(b);
     botones->addStretch();
 
@@ -79,6 +82,7 @@ frmConfig::frmConfig(ModBase& mb, UserInteraction& ui, QWidget* parent)
 
     connect(OKButton, &QPushButton::clicked, this, [this] { enviar(false); });
     connect(CommandTXL, &QPushButton::clicked, this, [this] { enviar(true); });
+    connect(CommandVarias, &QPushButton::clicked, this, &frmConfig::enviarVarias);
     connect(CancelButton, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -136,7 +140,30 @@ bool frmConfig::eventFilter(QObject* watched, QEvent* e)
     return QDialog::eventFilter(watched, e);
 }
 
+// The settings are kept as for one scale (the serial scales of the list
+// take them as theirs), then the list of scales is shown.
+void frmConfig::enviarVarias()
+{
+    guardar(false);
+    {
+        frmFlota flota(m_mb, m_ui, this);
+        if (flota.cargada())
+            flota.exec();
+    }
+    accept();
+}
+
 void frmConfig::enviar(bool soloTextos)
+{
+    guardar(soloTextos);
+    {
+        frmEnvio envio(m_mb, m_ui, this);
+        envio.exec();
+    }
+    accept();
+}
+
+void frmConfig::guardar(bool soloTextos)
 {
     // The box may still hold the focus when the button is pressed by its
     // shortcut; it is read as it stands once it has let go.
@@ -149,9 +176,4 @@ void frmConfig::enviar(bool soloTextos)
     a.bitsDatos = static_cast<int16_t>(cmbDatos->currentIndex());
     a.equipo = txtEquipo->text();
     GuardarConfig(m_mb, a, soloTextos);
-    {
-        frmEnvio envio(m_mb, m_ui, this);
-        envio.exec();
-    }
-    accept();
 }

@@ -11,7 +11,8 @@ class UserInteraction;
 
 // The transfer settings that stand before every transfer: the five line
 // settings and the scale's number. Its two action buttons keep them and run
-// the transfer in frmEnvio, of the whole label or of the free texts alone.
+// the transfer in frmEnvio, of the whole label or of the free texts alone;
+// a third keeps them and sends the label to several scales in frmFlota.
 class frmConfig : public QDialog {
     Q_OBJECT
 public:
@@ -22,6 +23,8 @@ protected:
 
 private:
     void enviar(bool soloTextos);
+    void enviarVarias();
+    void guardar(bool soloTextos);
     QLineEdit* titulo(const QString& objeto, const QString& texto, QComboBox* lista);
     QComboBox* lista(const QString& objeto, const QStringList& entradas, int posicion);
 
@@ -36,5 +39,6 @@ private:
     QLineEdit* txtEquipo;
     QPushButton* OKButton;
     QPushButton* CommandTXL;
+    QPushButton* CommandVarias;
     QPushButton* CancelButton;
 };

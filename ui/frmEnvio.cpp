@@ -1,7 +1,7 @@
 #include "frmEnvio.h"
 
 #include "ModBase.h"
-#include "PuertoSerieQt.h"
+#include "PuertoTcp.h"
 #include "UserInteraction.h"
 
 #include <QCloseEvent>
@@ -44,7 +44,8 @@ frmEnvio::frmEnvio(ModBase& mb, UserInteraction& ui, QWidget* parent)
     layout->addWidget(ProBar1);
     layout->addWidget(lblText);
 
-    m_puerto = std::make_unique<PuertoSerieQt>(mb.programDir);
+    // COMn, or the network scale its dosdevices entry names.
+    m_puerto = crearPuerto(mb.programDir, QStringLiteral("COM%1").arg(mb.Puerto + 1));
     m_envio = std::make_unique<Envio>(mb, *m_puerto, ui, *this);
     m_envio->cargar();
 }

@@ -8,7 +8,7 @@
 struct ModBase;
 class QLabel;
 class QProgressBar;
-class PuertoSerieQt;
+class PuertoSerie;
 class UserInteraction;
 
 // The transfer window: a progress bar and one line of text while the label
@@ -41,7 +41,7 @@ private:
     QLabel* lblTitulo;
     QProgressBar* ProBar1;
     QLabel* lblText;
-    std::unique_ptr<PuertoSerieQt> m_puerto;
+    std::unique_ptr<PuertoSerie> m_puerto;
     std::unique_ptr<Envio> m_envio;
     bool m_arrancado = false;
     bool m_terminado = false;

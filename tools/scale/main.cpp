@@ -1,5 +1,5 @@
-// korvo-scale: a scale on a pseudo-terminal, for trying a transfer without
-// one. It answers every frame as a scale does, checks each frame's check
+// korvo-scale: a scale on a pseudo-terminal or on a TCP port, for trying a
+// transfer without one. It answers every frame as a scale does, checks each frame's check
 // value, logs what it received with its verdict, and can be told to
 // misbehave in the ways a real line does: a refused opening, a refused or
 // unanswered frame, a late reply, a reply in pieces or with a 0x0D inside,
@@ -10,8 +10,16 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QSet>
+#include <QElapsedTimer>
+#include <QHostAddress>
 #include <QSocketNotifier>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTimer>
+
+#include <cmath>
+#include <functional>
+#include <memory>
 
 #include <cerrno>
 #include <csignal>
@@ -78,11 +86,52 @@ struct Opciones {
     int pausaTrozos = 100;
     bool retornoDentro = false;
     bool soloPrimera = false; // misbehave in the first transfer only
+    int baudiosLinea = 0;     // take the line's own time at this speed; 0: none
+};
+
+// One line to the scale: the pseudo-terminal, or one TCP connection. Each
+// has its own input and its own count of frames.
+struct Linea {
+    QByteArray entrada;
+    int numero = 0;
+    QTimer silencio;
+    QObject* contexto = nullptr; // what the line lives as long as
+    std::function<void(const QByteArray&)> escribir;
+    std::function<void()> desaparecer;
+    // Where the line's own time has got to: a reply is never due before the
+    // one before it has gone.
+    qint64 libreNs = 0;
 };
 
 class Balanza : public QObject {
 public:
-    Balanza(Opciones opciones, FILE* log) : m_op(std::move(opciones)), m_log(log) {}
+    Balanza(Opciones opciones, FILE* log) : m_op(std::move(opciones)), m_log(log)
+    {
+        m_reloj.start();
+    }
+
+    // Listens on a TCP address; every connection is a line of its own, so
+    // that one scale program can stand for many scales at one address.
+    bool escuchar(const QHostAddress& host, quint16 puerto, QString* error)
+    {
+        m_servidor = new QTcpServer(this);
+        // A whole fleet connects at once: a short queue of pending
+        // connections would drop some, and the system retries them only
+        // after a second.
+        m_servidor->setListenBacklogSize(4096);
+        if (!m_servidor->listen(host, puerto)) {
+            *error = m_servidor->errorString();
+            return false;
+        }
+        std::snprintf(g_esclavo, sizeof g_esclavo, "tcp://%s:%u",
+                      qPrintable(m_servidor->serverAddress().toString()),
+                      static_cast<unsigned>(m_servidor->serverPort()));
+        connect(m_servidor, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket* s = m_servidor->nextPendingConnection())
+                conectar(s);
+        });
+        return true;
+    }
 
     bool abrir(QString* error)
     {
@@ -113,78 +162,118 @@ public:
         ::fcntl(m_maestro, F_SETFL, ::fcntl(m_maestro, F_GETFL) | O_NONBLOCK);
         m_lector = new QSocketNotifier(m_maestro, QSocketNotifier::Read, this);
         connect(m_lector, &QSocketNotifier::activated, this, [this] { leer(); });
-        m_silencio.setSingleShot(true);
-        m_silencio.setTimerType(Qt::PreciseTimer);
-        m_silencio.setInterval(200);
-        connect(&m_silencio, &QTimer::timeout, this, [this] { tramaSinCheck(); });
+        preparar(m_pty, this);
+        m_pty.escribir = [this](const QByteArray& b) {
+            ::write(m_maestro, b.constData(), static_cast<size_t>(b.size()));
+        };
+        m_pty.desaparecer = [this] {
+            quitarEnlace();
+            ::close(m_maestro);
+            ::close(m_esclavo);
+            QCoreApplication::exit(0);
+        };
         return true;
     }
 
     const char* esclavo() const { return g_esclavo; }
 
 private:
+    void preparar(Linea& linea, QObject* contexto)
+    {
+        linea.contexto = contexto;
+        linea.silencio.setSingleShot(true);
+        linea.silencio.setTimerType(Qt::PreciseTimer);
+        linea.silencio.setInterval(200);
+        connect(&linea.silencio, &QTimer::timeout, contexto,
+                [this, &linea] { tramaSinCheck(linea); });
+    }
+
+    void conectar(QTcpSocket* s)
+    {
+        s->setParent(this);
+        s->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        // The line lives as long as its connection: the socket's own
+        // connections hold it, and replies still due then find nobody.
+        auto linea = std::make_shared<Linea>();
+        preparar(*linea, s);
+        linea->escribir = [s](const QByteArray& b) { s->write(b); };
+        linea->desaparecer = [this] {
+            // The scale is gone: no connection, no more listening.
+            quitarEnlace();
+            m_servidor->close();
+            for (QTcpSocket* otro : findChildren<QTcpSocket*>())
+                otro->abort();
+            QCoreApplication::exit(0);
+        };
+        connect(s, &QTcpSocket::readyRead, s, [this, s, linea] {
+            linea->entrada += s->readAll();
+            analizar(*linea);
+        });
+        connect(s, &QTcpSocket::disconnected, s, &QObject::deleteLater);
+    }
+
     void leer()
     {
         char buf[512];
         for (;;) {
             const ssize_t n = ::read(m_maestro, buf, sizeof buf);
             if (n > 0) {
-                m_entrada.append(buf, n);
+                m_pty.entrada.append(buf, n);
                 continue;
             }
             break;
         }
-        analizar();
+        analizar(m_pty);
     }
 
     // Frames end in 0x03, the check value and 0x0D. A text may hold any
     // byte, so an end counts only where the check value agrees; an end whose
     // check value is wrong is a bad frame once nothing more follows it.
-    void analizar()
+    void analizar(Linea& linea)
     {
         for (;;) {
-            const qsizetype inicio = m_entrada.indexOf(trama::Inicio);
+            const qsizetype inicio = linea.entrada.indexOf(trama::Inicio);
             if (inicio < 0) {
-                if (!m_entrada.isEmpty())
-                    escribir("noise: " + hex(m_entrada));
-                m_entrada.clear();
+                if (!linea.entrada.isEmpty())
+                    escribir("noise: " + hex(linea.entrada));
+                linea.entrada.clear();
                 return;
             }
             if (inicio > 0) {
-                escribir("noise: " + hex(m_entrada.left(inicio)));
-                m_entrada.remove(0, inicio);
+                escribir("noise: " + hex(linea.entrada.left(inicio)));
+                linea.entrada.remove(0, inicio);
             }
             qsizetype fin = -1;
             bool finDudoso = false;
-            for (qsizetype i = 3; i < m_entrada.size(); ++i) {
-                const auto c = static_cast<unsigned char>(m_entrada.at(i - 1));
-                if (m_entrada.at(i) != trama::Terminador || m_entrada.at(i - 2) != trama::Fin ||
+            for (qsizetype i = 3; i < linea.entrada.size(); ++i) {
+                const auto c = static_cast<unsigned char>(linea.entrada.at(i - 1));
+                if (linea.entrada.at(i) != trama::Terminador || linea.entrada.at(i - 2) != trama::Fin ||
                     c < 0x40 || c > 0x7F)
                     continue;
-                if (i - 1 <= trama::MaxCheck && CalCheck(m_entrada.left(i - 1)) == c) {
+                if (i - 1 <= trama::MaxCheck && CalCheck(linea.entrada.left(i - 1)) == c) {
                     fin = i;
                     break;
                 }
                 finDudoso = true;
             }
             if (fin < 0) {
-                if (finDudoso || m_entrada.size() > 4096)
-                    m_silencio.start();
+                if (finDudoso || linea.entrada.size() > 4096)
+                    linea.silencio.start();
                 return;
             }
-            m_silencio.stop();
-            const QByteArray t = m_entrada.left(fin + 1);
-            m_entrada.remove(0, fin + 1);
-            atender(t, true);
+            linea.silencio.stop();
+            const QByteArray t = linea.entrada.left(fin + 1);
+            linea.entrada.remove(0, fin + 1);
+            atender(linea, t, true);
         }
     }
 
-    void tramaSinCheck()
+    void tramaSinCheck(Linea& linea)
     {
-        const QByteArray t = m_entrada;
-        m_entrada.clear();
+        const QByteArray t = linea.entrada;
+        linea.entrada.clear();
         if (!t.isEmpty())
-            atender(t, false);
+            atender(linea, t, false);
     }
 
     static QByteArray respuesta(char reconocimiento, const char* estado)
@@ -198,17 +287,17 @@ private:
         return r;
     }
 
-    void atender(const QByteArray& t, bool checkBien)
+    void atender(Linea& linea, const QByteArray& t, bool checkBien)
     {
         const QByteArray tipo = t.mid(1, 2);
         if (tipo == "44") {
-            m_numero = 1;
+            linea.numero = 1;
             ++m_transferencias;
         } else {
-            ++m_numero;
+            ++linea.numero;
         }
         // Frames of a transfer where no misbehaviour applies count as 0.
-        const int n = !m_op.soloPrimera || m_transferencias <= 1 ? m_numero : 0;
+        const int n = !m_op.soloPrimera || m_transferencias <= 1 ? linea.numero : 0;
 
         QByteArray veredicto;
         QByteArray r;
@@ -251,23 +340,29 @@ private:
             r.startsWith(trama::Inicio))
             r[1] = trama::Terminador;
 
-        escribir("frame " + QByteArray::number(m_numero) + " [" + legible(tipo) + "] check " +
+        escribir("frame " + QByteArray::number(linea.numero) + " [" + legible(tipo) + "] check " +
                  (checkBien ? "ok" : "bad") + " -> " + veredicto + ": " + hex(t));
         describir(t, tipo);
         if (!r.isEmpty())
             escribir("    reply: " + hex(r));
 
         if (n != 0 && n == m_op.desaparecer) {
-            quitarEnlace();
-            ::close(m_maestro);
-            ::close(m_esclavo);
-            QCoreApplication::exit(0);
+            linea.desaparecer();
             return;
         }
         if (r.isEmpty())
             return;
-        const int retraso =
+        int retraso =
             n != 0 && (m_op.retrasoEn == 0 || m_op.retrasoEn == n) ? m_op.retraso : 0;
+        if (m_op.baudiosLinea > 0) {
+            // The frame's and the reply's own time on a line at that speed,
+            // ten bits a byte, kept to the nanosecond across the frames.
+            const qint64 ahora = m_reloj.nsecsElapsed();
+            const qint64 bits = 10 * static_cast<qint64>(t.size() + r.size());
+            linea.libreNs =
+                std::max(linea.libreNs, ahora) + bits * 1000000000 / m_op.baudiosLinea;
+            retraso += static_cast<int>(std::lround((linea.libreNs - ahora) / 1e6));
+        }
         // The reply in pieces, spread out in time. Precise timers: a coarse one
         // may fire a twentieth early, and the program's 3000 ms are exact.
         const int trozos =
@@ -277,10 +372,8 @@ private:
             const QByteArray pieza = r.mid(k * largo, largo);
             if (pieza.isEmpty())
                 break;
-            QTimer::singleShot(
-                retraso + k * m_op.pausaTrozos, Qt::PreciseTimer, this, [this, pieza] {
-                    ::write(m_maestro, pieza.constData(), static_cast<size_t>(pieza.size()));
-                });
+            QTimer::singleShot(retraso + k * m_op.pausaTrozos, Qt::PreciseTimer, linea.contexto,
+                               [escribir = linea.escribir, pieza] { escribir(pieza); });
         }
     }
 
@@ -317,9 +410,9 @@ private:
     int m_maestro = -1;
     int m_esclavo = -1;
     QSocketNotifier* m_lector = nullptr;
-    QTimer m_silencio;
-    QByteArray m_entrada;
-    int m_numero = 0;
+    Linea m_pty;
+    QTcpServer* m_servidor = nullptr;
+    QElapsedTimer m_reloj;
     int m_transferencias = 0;
 };
 
@@ -357,7 +450,15 @@ int main(int argc, char** argv)
     const QCommandLineOption crInside("cr-inside", "Put a 0x0D inside every reply.");
     const QCommandLineOption firstOnly("first-transfer-only",
                                        "Misbehave in the first transfer only.");
-    p.addOptions({link, log, refuseOpening, refuse, silent, garbage, shortReply, vanish, delay,
+    const QCommandLineOption tcp("tcp",
+                                 "Listen on HOST:PORT instead of a pseudo-terminal (PORT 0: any "
+                                 "free port; the address is printed). Each connection is a scale.",
+                                 "HOST:PORT");
+    const QCommandLineOption lineSpeed("line-speed",
+                                       "Take the line's own time at BAUD: ten bits a byte, frame "
+                                       "and reply.",
+                                       "BAUD");
+    p.addOptions({tcp, lineSpeed, link, log, refuseOpening, refuse, silent, garbage, shortReply, vanish, delay,
                   delayAt, pieces, pieceGap, crInside, firstOnly});
     p.process(app);
 
@@ -374,6 +475,7 @@ int main(int argc, char** argv)
     op.pausaTrozos = p.isSet(pieceGap) ? p.value(pieceGap).toInt() : 100;
     op.retornoDentro = p.isSet(crInside);
     op.soloPrimera = p.isSet(firstOnly);
+    op.baudiosLinea = p.value(lineSpeed).toInt();
 
     FILE* salida = stdout;
     if (p.isSet(log)) {
@@ -386,7 +488,23 @@ int main(int argc, char** argv)
 
     Balanza balanza(op, salida);
     QString error;
-    if (!balanza.abrir(&error)) {
+    if (p.isSet(tcp)) {
+        const QString valor = p.value(tcp);
+        const int dosPuntos = valor.lastIndexOf(':');
+        bool ok = dosPuntos > 0;
+        const int numero = valor.mid(dosPuntos + 1).toInt(&ok);
+        QHostAddress host(valor.left(dosPuntos).remove('[').remove(']'));
+        // Loopback only: the virtual scale is for this machine.
+        if (!ok || numero < 0 || numero > 65535 || !host.isLoopback()) {
+            std::fprintf(stderr, "korvo-scale: --tcp takes a loopback HOST:PORT\n");
+            return 2;
+        }
+        if (!balanza.escuchar(host, static_cast<quint16>(numero), &error)) {
+            std::fprintf(stderr, "korvo-scale: cannot listen on %s: %s\n", qPrintable(valor),
+                         qPrintable(error));
+            return 1;
+        }
+    } else if (!balanza.abrir(&error)) {
         std::fprintf(stderr, "korvo-scale: no pseudo-terminal: %s\n", qPrintable(error));
         return 1;
     }
@@ -409,6 +527,7 @@ int main(int argc, char** argv)
     std::signal(SIGHUP, alTerminar);
     std::fprintf(stderr, "korvo-scale: listening on %s%s%s\n", balanza.esclavo(),
                  g_enlace[0] ? ", linked as " : "", g_enlace);
+    std::fflush(stderr);
     const int r = app.exec();
     quitarEnlace();
     return r;
