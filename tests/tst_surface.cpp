@@ -87,6 +87,49 @@ private:
     }
 
 private slots:
+    // The keyboard on the selection, and undo and redo by their keys: each
+    // press one step, a drag one step, and the entries say what they undo.
+    void tecladoYDeshacer()
+    {
+        abrir();
+        poner(11, 10, 10);
+        poner(12, 30, 20);
+        QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, en(11, 11));
+        QVERIFY(m_mb->Campos(11).Seleccionado);
+        QWidget* w = m_w.get();
+        w->activateWindow();
+        QTest::keyClick(w, Qt::Key_Right);
+        QTest::keyClick(w, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(m_mb->Campos(11).PosHor, int16_t(11));
+        QCOMPARE(m_mb->Campos(11).PosVer, int16_t(15));
+        QCOMPARE(m_mb->Campos(12).PosHor, int16_t(30)); // not selected
+        QCOMPARE(cuadro()->rectCaja(11).topLeft(), Cuadro::puntoDe(11, 15));
+        arrastrar(en(31, 21), en(26, 31));
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(30));
+        QAction* deshacer = hijo<QAction>("mnuEtiquetaDeshacer");
+        QCOMPARE(deshacer->text(), QStringLiteral("&Deshacer ") + m_mb->Textos(2202));
+
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(20));
+        QCOMPARE(cuadro()->rectCaja(12).topLeft(), Cuadro::puntoDe(30, 20));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(11).PosVer, int16_t(10));
+        QTest::keyClick(w, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(11).PosVer, int16_t(15));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(30));
+        QVERIFY(!hijo<QAction>("mnuEtiquetaRehacer")->isEnabled());
+
+        QTest::keyClick(w, Qt::Key_Delete);
+        QCOMPARE(m_mb->Campos(11).Presente, QByteArray("0"));
+        QVERIFY(!m_w->editor().superficie.Imagen(11).visible);
+        QCOMPARE(deshacer->text(), QStringLiteral("&Deshacer ") + m_mb->Textos(2204));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(11).Presente, QByteArray("1"));
+        QVERIFY(m_w->editor().superficie.Imagen(11).visible);
+        QVERIFY(m_mb->Modificado);
+    }
+
     void cleanup()
     {
         m_w.reset();

@@ -95,7 +95,7 @@ void EtiquetaTextoFijo::mousePressEvent(QMouseEvent* e)
 
 frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     : QMainWindow(parent), m_mb(mb), m_ui(ui), m_files(mb, ui, *this),
-      m_editor(mb, ui, m_files, *this, *this)
+      m_editor(mb, ui, m_files, *this, *this), m_historial(mb, m_files, *this)
 {
     setObjectName(QStringLiteral("frmBase"));
     traducirQt(m_mb, m_mb.Idioma);
@@ -106,11 +106,13 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     m_editor.PaintFormLoad();
     construirMenus();
     construirEmergentes();
+    construirTeclado();
     if (QAction* idioma = menuIdioma(m_mb.Idioma))
         idioma->setChecked(true);
     construirToolbar();
     construirLienzo();
     m_editor.cargarVentana(minimo);
+    m_historial.reiniciar();
     refresh();
     // From here on the work in hand outlives what the program does not foresee.
     recuperacion::registrar(m_mb, [this] {
@@ -142,6 +144,7 @@ void frmBase::orden(const std::function<void()>& f)
     // whole repaint, once the command is over.
     m_dialogoCerrado = false;
     f();
+    m_historial.registrar();
     if (m_dialogoCerrado)
         refresh();
     else
@@ -176,6 +179,16 @@ void frmBase::construirMenus()
     QAction* enviar = entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
     connect(enviar, &QAction::triggered, this,
             [this] { orden([this] { mostrarFrmConfig(m_mb, m_ui, this); }); });
+    etiqueta->addSeparator();
+    // Their captions say what they would bring back; set at every showing.
+    m_mnuDeshacer = etiqueta->addAction(QString());
+    m_mnuDeshacer->setObjectName(QStringLiteral("mnuEtiquetaDeshacer"));
+    m_mnuDeshacer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    connect(m_mnuDeshacer, &QAction::triggered, this, [this] { orden([this] { m_historial.deshacer(); }); });
+    m_mnuRehacer = etiqueta->addAction(QString());
+    m_mnuRehacer->setObjectName(QStringLiteral("mnuEtiquetaRehacer"));
+    m_mnuRehacer->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    connect(m_mnuRehacer, &QAction::triggered, this, [this] { orden([this] { m_historial.rehacer(); }); });
     etiqueta->addSeparator();
     QAction* vista = entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
     connect(vista, &QAction::triggered, this, [this] {
@@ -382,7 +395,9 @@ void frmBase::construirLienzo()
     izquierda->addWidget(m_TxtNomEtiq);
     connect(m_TxtNomEtiq, &QLineEdit::textEdited, this, [this](const QString& t) {
         m_files.cambioNombre(t);
+        m_historial.registrar();
         m_lblNombre->setText(m_files.controles.lblNombre);
+        mostrarEdicion();
     });
     izquierda->addSpacing(px(1.5));
 
@@ -478,7 +493,11 @@ void frmBase::construirLienzo()
     m_reglaVer = new Regla(Qt::Vertical, m_zonaCuadro);
     m_cuadro = new Cuadro(m_editor, m_fondo, m_zonaCuadro);
     m_cuadro->sobreCajaTexto = [this](const QPoint& g) { return sobreCajaTexto(g); };
-    m_cuadro->trasRaton = [this] { mostrarEstado(); };
+    m_cuadro->trasRaton = [this] {
+        m_historial.registrar();
+        mostrarEdicion();
+        mostrarEstado();
+    };
 
     for (int i = 0; i < 2; ++i) {
         EtiquetaTextoFijo* l = new EtiquetaTextoFijo(m_zonaCuadro);
@@ -635,8 +654,56 @@ void frmBase::refresh()
     mostrar();
 }
 
+void frmBase::construirTeclado()
+{
+    // The arrows move the red selection one unit, five with Shift; Delete
+    // takes it off. Without a selection the keys go to the focused widget.
+    struct Tecla {
+        const char* nombre;
+        QKeySequence secuencia;
+        int hor, ver;
+    };
+    const Tecla teclas[] = {
+        {"teclaIzquierda", QKeySequence(Qt::Key_Left), -1, 0},
+        {"teclaDerecha", QKeySequence(Qt::Key_Right), 1, 0},
+        {"teclaArriba", QKeySequence(Qt::Key_Up), 0, -1},
+        {"teclaAbajo", QKeySequence(Qt::Key_Down), 0, 1},
+        {"teclaIzquierda5", QKeySequence(Qt::SHIFT | Qt::Key_Left), -5, 0},
+        {"teclaDerecha5", QKeySequence(Qt::SHIFT | Qt::Key_Right), 5, 0},
+        {"teclaArriba5", QKeySequence(Qt::SHIFT | Qt::Key_Up), 0, -5},
+        {"teclaAbajo5", QKeySequence(Qt::SHIFT | Qt::Key_Down), 0, 5},
+    };
+    for (const Tecla& t : teclas) {
+        auto* a = new QAction(this);
+        a->setObjectName(QString::fromLatin1(t.nombre));
+        a->setShortcut(t.secuencia);
+        connect(a, &QAction::triggered, this,
+                [this, h = t.hor, v = t.ver] { orden([this, h, v] { m_editor.moverSeleccion(h, v); }); });
+        addAction(a);
+        m_teclasSeleccion.append(a);
+    }
+    auto* borrar = new QAction(this);
+    borrar->setObjectName(QStringLiteral("teclaSuprimir"));
+    borrar->setShortcut(QKeySequence(Qt::Key_Delete));
+    connect(borrar, &QAction::triggered, this, [this] { orden([this] { m_editor.borrarSeleccion(); }); });
+    addAction(borrar);
+    m_teclasSeleccion.append(borrar);
+}
+
+void frmBase::mostrarEdicion()
+{
+    const bool seleccion = m_editor.haySeleccion();
+    for (QAction* a : m_teclasSeleccion)
+        a->setEnabled(seleccion);
+    m_mnuDeshacer->setText(m_historial.captionDeshacer());
+    m_mnuDeshacer->setEnabled(m_historial.puedeDeshacer());
+    m_mnuRehacer->setText(m_historial.captionRehacer());
+    m_mnuRehacer->setEnabled(m_historial.puedeRehacer());
+}
+
 void frmBase::mostrar()
 {
+    mostrarEdicion();
     m_mnuEtiquetaPeso->setChecked(m_editor.mnuEtiquetaPesoChecked);
     m_mnuFondoParrilla->setChecked(m_editor.fondo.parrilla);
     m_lblNombre->setText(m_files.controles.lblNombre);

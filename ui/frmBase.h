@@ -2,6 +2,7 @@
 
 #include "EditorEtiqueta.h"
 #include "FileCommands.h"
+#include "Historial.h"
 #include "UserInteraction.h"
 
 #include "Picture.h"
@@ -80,6 +81,7 @@ public:
 
     FileCommands& archivos() { return m_files; }
     EditorEtiqueta& editor() { return m_editor; }
+    Historial& historial() { return m_historial; }
     Cuadro* cuadro() const { return m_cuadro; }
     const Picture& fondo() const { return m_fondo; }
     // Opens the about box (the splash without its timer).
@@ -110,6 +112,10 @@ private:
     // rewritten and no box is moved to its record.
     void mostrar();
     void mostrarEstado();
+    // The undo and redo entries (what they would bring back, and whether)
+    // and the keys that work on the selection.
+    void mostrarEdicion();
+    void construirTeclado();
     // The window's size: its content's, within the screen's free area.
     void ajustarAPantalla();
     void nombresAccesibles();
@@ -124,6 +130,7 @@ private:
     Picture m_fondo;
     FileCommands m_files;
     EditorEtiqueta m_editor;
+    Historial m_historial;
     std::function<void()> m_acerca;
     // A dialog of the label was shown during the command that runs.
     bool m_dialogoCerrado = false;
@@ -133,6 +140,9 @@ private:
     QActionGroup* m_idiomas = nullptr;
     QAction* m_mnuEtiquetaPeso = nullptr;
     QAction* m_mnuFondoParrilla = nullptr;
+    QAction* m_mnuDeshacer = nullptr;
+    QAction* m_mnuRehacer = nullptr;
+    QList<QAction*> m_teclasSeleccion;
 
     QMenu* m_mnuVisualiza = nullptr;
     QMenu* m_mnuDESC = nullptr;
