@@ -23,9 +23,6 @@ Q_DECLARE_METATYPE(QList<Answer>)
 
 namespace {
 
-// The point of the surface (in surface units) as the widget sees it.
-QPoint en(double hor, double ver) { return Cuadro::puntoDe(hor, ver).toPoint(); }
-
 Qt::CursorShape punteroArrastre()
 {
     return QGuiApplication::overrideCursor() ? QGuiApplication::overrideCursor()->shape()
@@ -58,6 +55,8 @@ private:
     }
 
     Cuadro* cuadro() const { return m_w->cuadro(); }
+    // The point of the surface (in surface units) as the widget sees it.
+    QPoint en(double hor, double ver) const { return cuadro()->puntoDe(hor, ver).toPoint(); }
     template <typename T> T* hijo(const QString& nombre) const
     {
         T* w = m_w->findChild<T*>(nombre);
@@ -103,7 +102,7 @@ private slots:
         QCOMPARE(m_mb->Campos(11).PosHor, int16_t(11));
         QCOMPARE(m_mb->Campos(11).PosVer, int16_t(15));
         QCOMPARE(m_mb->Campos(12).PosHor, int16_t(30)); // not selected
-        QCOMPARE(cuadro()->rectCaja(11).topLeft(), Cuadro::puntoDe(11, 15));
+        QCOMPARE(cuadro()->rectCaja(11).topLeft(), cuadro()->puntoDe(11, 15));
         arrastrar(en(31, 21), en(26, 31));
         QCOMPARE(m_mb->Campos(12).PosVer, int16_t(30));
         QAction* deshacer = hijo<QAction>("mnuEtiquetaDeshacer");
@@ -111,7 +110,7 @@ private slots:
 
         QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(m_mb->Campos(12).PosVer, int16_t(20));
-        QCOMPARE(cuadro()->rectCaja(12).topLeft(), Cuadro::puntoDe(30, 20));
+        QCOMPARE(cuadro()->rectCaja(12).topLeft(), cuadro()->puntoDe(30, 20));
         QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(m_mb->Campos(11).PosVer, int16_t(10));
         QTest::keyClick(w, Qt::Key_Y, Qt::ControlModifier);
@@ -128,6 +127,53 @@ private slots:
         QCOMPARE(m_mb->Campos(11).Presente, QByteArray("1"));
         QVERIFY(m_w->editor().superficie.Imagen(11).visible);
         QVERIFY(m_mb->Modificado);
+    }
+
+    // At every zoom a click moves nothing and a drag lands where the same
+    // drag lands at true size; the keys and the wheel step the zoom. The
+    // points lie a tenth past a unit: at 50 % a pixel is half a unit wide,
+    // and the pixel under them still stands for the same unit.
+    void zoomArrastre_data()
+    {
+        QTest::addColumn<double>("zoom");
+        QTest::newRow("50 %") << 0.5;
+        QTest::newRow("150 %") << 1.5;
+        QTest::newRow("300 %") << 3.0;
+        QTest::newRow("800 %") << 8.0;
+    }
+
+    void zoomArrastre()
+    {
+        QFETCH(double, zoom);
+        abrir();
+        poner(12, 10, 20);
+        QWidget* w = m_w.get();
+        w->activateWindow();
+        QTest::keyClick(w, Qt::Key_0, Qt::ControlModifier);
+        QCOMPARE(cuadro()->zoom(), 1.0);
+        QCOMPARE(cuadro()->pxPorUnidadHor(), 113.4 / 15);
+        arrastrar(en(11.1, 21.1), en(25.1, 30.1));
+        const QPoint real(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer);
+        QCOMPARE(real, QPoint(24, 29));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(12).PosHor, int16_t(10));
+
+        m_w->fijarZoom(zoom);
+        QCOMPARE(cuadro()->zoom(), zoom);
+        QCOMPARE(cuadro()->width(), qRound(m_w->editor().superficie.anchoExterior * zoom * 113.4 / 30));
+        QTest::mouseClick(cuadro(), Qt::LeftButton, {}, en(11.1, 21.1));
+        QCOMPARE(QPoint(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer), QPoint(10, 20));
+        arrastrar(en(11.1, 21.1), en(25.1, 30.1));
+        QCOMPARE(QPoint(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer), real);
+        QCOMPARE(cuadro()->rectCaja(12).topLeft(), cuadro()->puntoDe(24, 29));
+
+        QTest::keyClick(w, Qt::Key_Minus, Qt::ControlModifier);
+        QCOMPARE(cuadro()->zoom(), Zoom::alejar(zoom));
+        QWheelEvent rueda(QPointF(5, 5), cuadro()->mapToGlobal(QPointF(5, 5)), QPoint(),
+                          QPoint(0, QWheelEvent::DefaultDeltasPerStep), Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(cuadro(), &rueda);
+        QCOMPARE(cuadro()->zoom(), Zoom::acercar(Zoom::alejar(zoom)));
     }
 
     void cleanup()
@@ -206,7 +252,7 @@ private slots:
         // The boxes show the move once, the records twice; a command that
         // has nothing to do with them leaves the boxes where they stand.
         const QRectF movida = cuadro()->rectCaja(12);
-        QCOMPARE(movida.topLeft(), Cuadro::puntoDe(30 + dx / 2, 20 + dy / 2));
+        QCOMPARE(movida.topLeft(), cuadro()->puntoDe(30 + dx / 2, 20 + dy / 2));
         hijo<QAction>("mnuEtiquetaPeso")->trigger();
         QCOMPARE(cuadro()->rectCaja(12), movida);
 
@@ -264,10 +310,10 @@ private slots:
         QToolBar* tb = hijo<QToolBar>("Toolbar1");
         QTest::mouseClick(tb->widgetForAction(hijo<QAction>("JustCentr")), Qt::LeftButton);
         QCOMPARE(double(m_w->editor().superficie.Imagen(17).left()), 22.25);
-        QCOMPARE(cuadro()->rectCaja(17).left(), Cuadro::puntoDe(22.25, 0).x());
+        QCOMPARE(cuadro()->rectCaja(17).left(), cuadro()->puntoDe(22.25, 0).x());
         QCOMPARE(m_mb->Campos(17).PosHor, int16_t(22));
         hijo<QAction>("mnuEtiquetaPeso")->trigger();
-        QCOMPARE(cuadro()->rectCaja(17).left(), Cuadro::puntoDe(22.25, 0).x());
+        QCOMPARE(cuadro()->rectCaja(17).left(), cuadro()->puntoDe(22.25, 0).x());
     }
 
     // A free text's box tells which free text it is when the pointer rests on it.

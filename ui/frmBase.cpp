@@ -5,6 +5,7 @@
 #include "CatalogoCampos.h"
 #include "Cuadro.h"
 #include "Dialogos.h"
+#include "FileSystem.h"
 #include "Iconos.h"
 #include "ModBase.h"
 #include "Recuperacion.h"
@@ -24,6 +25,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -41,11 +43,6 @@ namespace {
 // the window's content, the rulers' thickness.
 constexpr double kPaletaLeftMm = 240 / Escala::kTwipsPorMm;
 constexpr double kReglaMm = 4.5;
-
-QRect rectMm(double left, double top, double width, double height)
-{
-    return QRect(px(left), px(top), px(width), px(height));
-}
 
 // The tool bar: 25 places, the buttons at these, separators between.
 struct BotonToolbar {
@@ -111,6 +108,10 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
         idioma->setChecked(true);
     construirToolbar();
     construirLienzo();
+    m_vista = VistaVentana::leer(rutaVista());
+    if (m_vista.zoom > 0)
+        m_cuadro->setZoom(m_vista.zoom);
+    m_mnuAjustar->setChecked(m_vista.ajustada);
     m_editor.cargarVentana(minimo);
     m_historial.reiniciar();
     refresh();
@@ -200,6 +201,19 @@ void frmBase::construirMenus()
     m_mnuEtiquetaPeso->setCheckable(true);
     connect(m_mnuEtiquetaPeso, &QAction::triggered, this,
             [this] { orden([this] { m_editor.clicMnuEtiquetaPeso(); }); });
+
+    QMenu* ver = menu("mnuVer", 2210);
+    QAction* acercar = entrada(ver, "mnuVerAcercar", 2211, false);
+    acercar->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    connect(acercar, &QAction::triggered, this, [this] { fijarZoom(Zoom::acercar(m_cuadro->zoom())); });
+    QAction* alejar = entrada(ver, "mnuVerAlejar", 2212, false);
+    alejar->setShortcuts(QKeySequence::ZoomOut);
+    connect(alejar, &QAction::triggered, this, [this] { fijarZoom(Zoom::alejar(m_cuadro->zoom())); });
+    QAction* real = entrada(ver, "mnuVerReal", 2213, false, QKeySequence(Qt::CTRL | Qt::Key_0));
+    connect(real, &QAction::triggered, this, [this] { fijarZoom(1); });
+    m_mnuAjustar = entrada(ver, "mnuVerAjustar", 2214, false);
+    m_mnuAjustar->setCheckable(true);
+    connect(m_mnuAjustar, &QAction::triggered, this, [this](bool on) { fijarAjustada(on); });
 
     QMenu* fondo = menu("mnuFondo", 1294);
     QAction* agregar = entrada(fondo, "mnuFondoAgregar", 1303, true);
@@ -493,6 +507,12 @@ void frmBase::construirLienzo()
     m_reglaVer = new Regla(Qt::Vertical, m_zonaCuadro);
     m_cuadro = new Cuadro(m_editor, m_fondo, m_zonaCuadro);
     m_cuadro->sobreCajaTexto = [this](const QPoint& g) { return sobreCajaTexto(g); };
+    m_cuadro->alZoomRueda = [this](int pasos) {
+        double z = m_cuadro->zoom();
+        for (int i = 0; i < std::abs(pasos); ++i)
+            z = pasos > 0 ? Zoom::acercar(z) : Zoom::alejar(z);
+        fijarZoom(z);
+    };
     m_cuadro->trasRaton = [this] {
         m_historial.registrar();
         mostrarEdicion();
@@ -530,22 +550,72 @@ void frmBase::construirLienzo()
     situarLienzo();
 }
 
+QString frmBase::rutaVista() const
+{
+    return fs::inProgramDir(m_mb, VistaVentana::nombreArchivo());
+}
+
+void frmBase::fijarZoom(double factor)
+{
+    m_vista.ajustada = false;
+    m_mnuAjustar->setChecked(false);
+    m_cuadro->setZoom(factor);
+    aplicarZoom();
+}
+
+void frmBase::fijarAjustada(bool ajustada)
+{
+    m_vista.ajustada = ajustada;
+    m_mnuAjustar->setChecked(ajustada);
+    aplicarZoom();
+}
+
+void frmBase::aplicarZoom()
+{
+    situarLienzo();
+    // The scroll area takes a larger surface: a zoom does not grow the window.
+    if (m_ajustado)
+        m_deseado = tamanoDeseado();
+    m_vista.zoom = m_cuadro->zoom();
+}
+
+void frmBase::zoomAjustado()
+{
+    // The room right of the boxes and below the label line, less the
+    // rulers and the fixed texts.
+    const QSize vista = m_area->viewport()->size();
+    const double ancho = vista.width() - m_zonaCuadro->x() - px(kReglaMm + 0.5) - px(3);
+    const double alto = vista.height() - px(7.5 + kReglaMm) - px(3) - px(14) - px(2);
+    const Superficie& s = m_editor.superficie;
+    m_cuadro->setZoom(Zoom::ajustar(ancho, alto, s.anchoExterior / 2, s.largoRegla * 0.9));
+}
+
 void frmBase::situarLienzo()
 {
+    if (m_vista.ajustada)
+        zoomAjustado();
     // The surface's side: label line, rulers, surface, the two fixed texts,
     // in window mm from the zone's corner.
     const Superficie& s = m_editor.superficie;
-    const double izquierda = kReglaMm + 0.5;
-    const double arriba = 7.5 + kReglaMm;
+    const double porMm = m_cuadro->pxPorMm();
+    const int izquierda = px(kReglaMm + 0.5);
+    const int arriba = px(7.5 + kReglaMm);
+    const int regla = px(kReglaMm);
     m_cuadro->ajustarTamano();
-    m_cuadro->move(px(izquierda), px(arriba));
-    m_lblNombre->setGeometry(rectMm(izquierda, 0, s.anchoExterior, 7));
-    m_reglaHor->setGeometry(rectMm(izquierda, arriba - kReglaMm, s.anchoExterior, kReglaMm));
-    m_reglaVer->setGeometry(rectMm(0, arriba, kReglaMm, s.largoRegla));
-    const double bajo = arriba + std::max<double>(s.altoExterior, s.largoRegla) + 3;
+    m_cuadro->move(izquierda, arriba);
+    const int anchoCuadro = m_cuadro->width();
+    // The label line and the fixed texts keep their reading width at any zoom.
+    const int anchoTextos = std::max(anchoCuadro, px(s.anchoExterior));
+    m_lblNombre->setGeometry(izquierda, 0, anchoTextos, px(7));
+    m_reglaHor->setGeometry(izquierda, arriba - regla, anchoCuadro, regla);
+    m_reglaHor->setPaso(m_cuadro->pxPorUnidadHor());
+    const int largoRegla = qRound(s.largoRegla * porMm);
+    m_reglaVer->setGeometry(0, arriba, regla, largoRegla);
+    m_reglaVer->setPaso(m_cuadro->pxPorUnidadVer());
+    const int bajo = arriba + std::max(m_cuadro->height(), largoRegla) + px(3);
     for (int i = 0; i < 2; ++i)
-        m_lblTXF[i]->setGeometry(rectMm(izquierda, bajo + i * 7, s.anchoExterior, 6));
-    m_zonaCuadro->setFixedSize(px(izquierda + s.anchoExterior + 1), px(bajo + 14));
+        m_lblTXF[i]->setGeometry(izquierda, bajo + i * px(7), anchoTextos, px(6));
+    m_zonaCuadro->setFixedSize(izquierda + anchoTextos + px(1), bajo + px(14));
 
     // The palette's visible buttons in the order of their places, down the
     // first column and then the second.
@@ -568,6 +638,38 @@ void frmBase::situarLienzo()
         m_paleta->addWidget(m_CBDisplay[visibles.at(k)], k % filas, k / filas);
 }
 
+QSize frmBase::tamanoDeseado() const
+{
+    // Menu bar, tool bar and status bar above and below the content.
+    const QSize chrome(0, menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() +
+                              statusBar()->sizeHint().height());
+    return m_lienzo->minimumSizeHint() + chrome;
+}
+
+void frmBase::situarRecordada()
+{
+    QScreen* pantalla = screen();
+    if (!pantalla)
+        return;
+    const QRect libre = pantalla->availableGeometry();
+    const QRect marco = frameGeometry();
+    const QSize bordes = marco.size() - size();
+    resize(QSize(m_vista.ancho, m_vista.alto).boundedTo(libre.size() - bordes));
+    traerDentro(libre);
+    if (m_vista.maximizada)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    m_deseado = tamanoDeseado();
+}
+
+void frmBase::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    if (m_vista.ajustada && m_cuadro) {
+        situarLienzo();
+        m_deseado = tamanoDeseado();
+    }
+}
+
 void frmBase::ajustarAPantalla()
 {
     // As large as the content asks, within the screen's free area less the
@@ -582,10 +684,7 @@ void frmBase::ajustarAPantalla()
                                           frameGeometry().right() - geometry().right(),
                                           frameGeometry().bottom() - geometry().bottom())
                                : QMargins(8, 32, 8, 8);
-    // Menu bar, tool bar and status bar above and below the content.
-    const QSize chrome(0, menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() +
-                              statusBar()->sizeHint().height());
-    const QSize deseado = m_lienzo->minimumSizeHint() + chrome;
+    const QSize deseado = tamanoDeseado();
     const QSize maximo = libre.size().shrunkBy(marco);
     // Later it grows only when the content has grown (new captions, a
     // taller label), and never shrinks under the person.
@@ -596,9 +695,15 @@ void frmBase::ajustarAPantalla()
     if (nuevo == size())
         return;
     resize(nuevo);
+    if (isVisible())
+        traerDentro(libre);
+}
+
+void frmBase::traerDentro(const QRect& libre)
+{
     // Kept inside the free area; where it stands is otherwise the window
     // manager's choice.
-    if (!isVisible() || libre.contains(frameGeometry()))
+    if (libre.contains(frameGeometry()))
         return;
     QRect r = frameGeometry();
     r.moveLeft(std::clamp(r.left(), libre.left(), std::max(libre.left(), libre.right() - r.width() + 1)));
@@ -860,7 +965,10 @@ void frmBase::showEvent(QShowEvent* event)
     QMainWindow::showEvent(event);
     // Once on the screen it is shown on, with its frame known.
     if (!m_ajustado) {
-        ajustarAPantalla();
+        if (m_vista.ancho > 0)
+            situarRecordada();
+        else
+            ajustarAPantalla();
         m_ajustado = true;
     }
 }
@@ -872,5 +980,13 @@ void frmBase::closeEvent(QCloseEvent* event)
         return;
     }
     event->accept();
+    // The size to come back to is the one before a maximising. A file that
+    // cannot be written leaves the next run at the defaults.
+    const QSize normal = isMaximized() ? normalGeometry().size() : size();
+    m_vista.ancho = normal.width();
+    m_vista.alto = normal.height();
+    m_vista.maximizada = isMaximized();
+    m_vista.zoom = m_cuadro->zoom();
+    m_vista.guardar(rutaVista());
     emit cerrado();
 }

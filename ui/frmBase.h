@@ -3,6 +3,7 @@
 #include "EditorEtiqueta.h"
 #include "FileCommands.h"
 #include "Historial.h"
+#include "Vista.h"
 #include "UserInteraction.h"
 
 #include "Picture.h"
@@ -89,12 +90,21 @@ public:
 
     QAction* menuIdioma(int idioma) const;
 
+    // The surface's zoom, a factor of its true size; `ajustada` makes it
+    // follow the window's room.
+    void fijarZoom(double factor);
+    void fijarAjustada(bool ajustada);
+    const VistaVentana& vista() const { return m_vista; }
+    // Where the window's size and zoom are kept between runs.
+    QString rutaVista() const;
+
 signals:
     void cerrado();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Entrada {
@@ -118,6 +128,13 @@ private:
     void construirTeclado();
     // The window's size: its content's, within the screen's free area.
     void ajustarAPantalla();
+    QSize tamanoDeseado() const;
+    // The remembered size, within the screen's free area and inside it.
+    void situarRecordada();
+    void traerDentro(const QRect& libre);
+    // The zoom at which the surface fills the room the window gives it.
+    void zoomAjustado();
+    void aplicarZoom();
     void nombresAccesibles();
     // Runs a command, then shows what it left.
     void orden(const std::function<void()>& f);
@@ -143,6 +160,8 @@ private:
     QAction* m_mnuDeshacer = nullptr;
     QAction* m_mnuRehacer = nullptr;
     QList<QAction*> m_teclasSeleccion;
+    QAction* m_mnuAjustar = nullptr;
+    VistaVentana m_vista;
 
     QMenu* m_mnuVisualiza = nullptr;
     QMenu* m_mnuDESC = nullptr;
