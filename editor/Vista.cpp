@@ -39,6 +39,37 @@ double Zoom::ajustar(double anchoPx, double altoPx, double unidadesHor, double u
     return std::clamp(std::floor(f * 100) / 100, kMinimo, kMaximo);
 }
 
+QStringList conMnemonicos(const QStringList& captions, QString ocupadas)
+{
+    QStringList salida;
+    for (const QString& caption : captions) {
+        QString texto = caption;
+        texto.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        for (int i = 0; i < texto.size(); ++i) {
+            const QChar c = texto.at(i);
+            if (!c.isLetter() || ocupadas.contains(c.toLower()))
+                continue;
+            ocupadas += c.toLower();
+            texto.insert(i, QLatin1Char('&'));
+            break;
+        }
+        salida.append(texto);
+    }
+    return salida;
+}
+
+QChar letraMnemonico(const QString& caption)
+{
+    for (int i = 0; i + 1 < caption.size(); ++i) {
+        if (caption.at(i) != QLatin1Char('&'))
+            continue;
+        if (caption.at(i + 1) != QLatin1Char('&'))
+            return caption.at(i + 1).toLower();
+        ++i;
+    }
+    return {};
+}
+
 QByteArray VistaVentana::texto() const
 {
     return "ancho=" + QByteArray::number(ancho) + "\nalto=" + QByteArray::number(alto) +

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // How large the surface is drawn: a factor of its true size, where a
 // horizontal unit is 113.4 twips, 7.56 logical pixels at 15 twips a pixel;
@@ -18,6 +19,14 @@ double alejar(double factor);
 // room given in logical pixels, within the ladder's ends.
 double ajustar(double anchoPx, double altoPx, double unidadesHor, double unidadesVer);
 } // namespace Zoom
+
+// Captions with a mnemonic each: the first letter of each caption, in
+// order, that neither an earlier caption nor `ocupadas` (lower case) took;
+// an ampersand of the caption itself is doubled. A caption without a free
+// letter gets none.
+QStringList conMnemonicos(const QStringList& captions, QString ocupadas = {});
+// The letter of a caption's mnemonic, lower case; a null character when it has none.
+QChar letraMnemonico(const QString& caption);
 
 // What the main window remembers between runs, in a file of its own in the
 // program's folder: its size, whether it was maximised, the zoom and whether

@@ -2,6 +2,7 @@
 // background picture.
 #include "EditorEnv.h"
 #include "Historial.h"
+#include "Vista.h"
 
 #include <QtTest>
 
@@ -51,6 +52,8 @@ private slots:
     void historialSeReinicia();
     void modificadoAlDeshacer();
     void teclasSeleccion_data();
+    void mnemonicos_data();
+    void mnemonicos();
     void teclasSeleccion();
 };
 
@@ -774,6 +777,32 @@ void TestEditorMenus::teclasSeleccion()
     if (fin != inicio)
         QCOMPARE(env.mb.Campos(11).TextoVer, textoPosicionEntero(fin[3]));
     QCOMPARE(env.mb.Campos(13).PosHor, 30);
+}
+
+void TestEditorMenus::mnemonicos_data()
+{
+    QTest::addColumn<QStringList>("captions");
+    QTest::addColumn<QString>("ocupadas");
+    QTest::addColumn<QStringList>("esperadas");
+    QTest::newRow("first letters") << QStringList{"Peso", "Tara"} << QString() << QStringList{"&Peso", "&Tara"};
+    QTest::newRow("a letter taken goes on") << QStringList{"Peso", "Precio"} << QString()
+                                            << QStringList{"&Peso", "P&recio"};
+    QTest::newRow("the menu bar's letters are left") << QStringList{"Fecha"} << QStringLiteral("fe")
+                                                     << QStringList{"Fe&cha"};
+    QTest::newRow("case does not count twice") << QStringList{"Aa", "aB"} << QString() << QStringList{"&Aa", "a&B"};
+    QTest::newRow("an ampersand is kept") << QStringList{"1 & 2"} << QString() << QStringList{"1 && 2"};
+    QTest::newRow("no free letter") << QStringList{"ab", "ba", "ab"} << QString() << QStringList{"&ab", "&ba", "ab"};
+    QTest::newRow("Greek letters") << QStringList{"Βάρος"} << QString() << QStringList{"&Βάρος"};
+}
+
+void TestEditorMenus::mnemonicos()
+{
+    QFETCH(QStringList, captions);
+    QFETCH(QString, ocupadas);
+    QFETCH(QStringList, esperadas);
+    const QStringList hechas = conMnemonicos(captions, ocupadas);
+    QCOMPARE(hechas, esperadas);
+    QCOMPARE(letraMnemonico(hechas.first()), letraMnemonico(esperadas.first()));
 }
 
 QTEST_GUILESS_MAIN(TestEditorMenus)

@@ -813,11 +813,26 @@ void frmBase::mostrar()
     m_mnuFondoParrilla->setChecked(m_editor.fondo.parrilla);
     m_lblNombre->setText(m_files.controles.lblNombre);
 
+    // The palette's shown buttons take the letters the menu bar leaves.
+    QString ocupadas;
+    for (const auto& [menu, id] : m_menus)
+        if (const QChar c = letraMnemonico(menu->title()); !c.isNull())
+            ocupadas += c;
+    QStringList captions;
+    QList<int> visibles;
     for (int i = 0; i <= 15; ++i) {
         const BotonCBDisplay& b = m_editor.CBDisplay(i);
-        m_CBDisplay[i]->setText(b.caption);
         m_CBDisplay[i]->setVisible(b.visible);
+        if (b.visible) {
+            captions.append(b.caption);
+            visibles.append(i);
+        } else {
+            m_CBDisplay[i]->setText(b.caption);
+        }
     }
+    captions = conMnemonicos(captions, ocupadas);
+    for (int k = 0; k < visibles.size(); ++k)
+        m_CBDisplay[visibles.at(k)]->setText(captions.at(k));
     for (int i = 0; i < 2; ++i) {
         const ::EtiquetaTXF& l = m_editor.superficie.lblTXF(i + 1);
         m_lblTXF[i]->setText(l.caption);
