@@ -47,7 +47,8 @@ QStringList conMnemonicos(const QStringList& captions, QString ocupadas)
         texto.replace(QLatin1Char('&'), QStringLiteral("&&"));
         for (int i = 0; i < texto.size(); ++i) {
             const QChar c = texto.at(i);
-            if (!c.isLetter() || ocupadas.contains(c.toLower()))
+            // A letter with a case: one a keyboard types (not an ordinal sign).
+            if (!c.isLetter() || c.toLower() == c.toUpper() || ocupadas.contains(c.toLower()))
                 continue;
             ocupadas += c.toLower();
             texto.insert(i, QLatin1Char('&'));

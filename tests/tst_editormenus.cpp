@@ -792,6 +792,8 @@ void TestEditorMenus::mnemonicos_data()
     QTest::newRow("case does not count twice") << QStringList{"Aa", "aB"} << QString() << QStringList{"&Aa", "a&B"};
     QTest::newRow("an ampersand is kept") << QStringList{"1 & 2"} << QString() << QStringList{"1 && 2"};
     QTest::newRow("no free letter") << QStringList{"ab", "ba", "ab"} << QString() << QStringList{"&ab", "&ba", "ab"};
+    QTest::newRow("an ordinal sign is no key") << QStringList{QStringLiteral("2ª Moneda")} << QString()
+                                               << QStringList{QStringLiteral("2ª &Moneda")};
     QTest::newRow("Greek letters") << QStringList{"Βάρος"} << QString() << QStringList{"&Βάρος"};
 }
 

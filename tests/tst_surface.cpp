@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTimer>
@@ -98,6 +99,14 @@ private slots:
         QVERIFY2(letra.isLetter(), qPrintable(hijo<QPushButton>("CBDisplay2")->text()));
         QTest::keyClick(w, letra.toLatin1(), Qt::AltModifier);
         QTRY_COMPARE(m_mb->Campos(11).Presente, QByteArray("1"));
+        // No two letters alike among the menu bar and the palette.
+        QStringList letras;
+        for (QAction* a : m_w->menuBar()->actions())
+            letras.append(letraMnemonico(a->text()));
+        for (QPushButton* b : m_w->findChildren<QPushButton*>(QRegularExpression("^CBDisplay")))
+            if (b->isVisible() && !letraMnemonico(b->text()).isNull())
+                letras.append(letraMnemonico(b->text()));
+        QCOMPARE(QSet<QString>(letras.begin(), letras.end()).size(), letras.size());
 
         poner(11, 10, 10);
         poner(12, 30, 20);

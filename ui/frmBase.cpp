@@ -815,8 +815,8 @@ void frmBase::mostrar()
 
     // The palette's shown buttons take the letters the menu bar leaves.
     QString ocupadas;
-    for (const auto& [menu, id] : m_menus)
-        if (const QChar c = letraMnemonico(menu->title()); !c.isNull())
+    for (const QAction* a : menuBar()->actions())
+        if (const QChar c = letraMnemonico(a->text()); !c.isNull())
             ocupadas += c;
     QStringList captions;
     QList<int> visibles;
