@@ -10,6 +10,7 @@
 #include "frmBase.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -190,6 +191,48 @@ private slots:
                           Qt::ControlModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(cuadro(), &rueda);
         QCOMPARE(cuadro()->zoom(), Zoom::acercar(Zoom::alejar(zoom)));
+    }
+
+    // A dialog's change and the fields it places are one step: the free
+    // text typed and its field on the surface go and come back together.
+    void deshacerDialogo()
+    {
+        abrir();
+        const QByteArray antes = m_mb->TextoLibre(5);
+        int paso = 0;
+        QTimer dialogo;
+        connect(&dialogo, &QTimer::timeout, this, [&] {
+            QWidget* d = QApplication::activeModalWidget();
+            if (!d || d->objectName() != "frmTXL" || !d->isVisible())
+                return;
+            if (paso++ == 0) {
+                QTest::mouseClick(d->findChild<QCheckBox*>("ChTXL6"), Qt::LeftButton);
+                QTest::keyClicks(d->findChild<QLineEdit*>("TextTXL6"), "QUESO");
+                QTest::mouseClick(d->findChild<QPushButton*>("OKButton"), Qt::LeftButton);
+            } else {
+                QTest::mouseClick(d->findChild<QPushButton*>("SalirButton"), Qt::LeftButton);
+            }
+        });
+        dialogo.start(20);
+        QTest::mouseClick(hijo<QPushButton>("CBDisplay0"), Qt::LeftButton);
+        dialogo.stop();
+        const int campo = campoDeTextoLibre(6);
+        QCOMPARE(m_mb->Campos(campo).Presente, QByteArray("1"));
+        const QByteArray escrito = m_mb->TextoLibre(5);
+        QVERIFY(escrito != antes);
+
+        // From the name box too: the label's undo, not the box's own.
+        m_w->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_w.get()));
+        QWidget* w = hijo<QLineEdit>("TxtNomEtiq");
+        w->setFocus();
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(campo).Presente, QByteArray("0"));
+        QVERIFY(!m_w->editor().superficie.Imagen(campo).visible);
+        QCOMPARE(m_mb->TextoLibre(5), antes);
+        QTest::keyClick(w, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(campo).Presente, QByteArray("1"));
+        QCOMPARE(m_mb->TextoLibre(5), escrito);
     }
 
     void cleanup()

@@ -21,6 +21,7 @@
 #include <QDateTime>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -143,13 +144,18 @@ void frmBase::orden(const std::function<void()>& f)
     // does), and the boxes keep the places it gave them. A dialog of the
     // label that stood over the window leaves it to be drawn anew, by the
     // whole repaint, once the command is over.
+    // The history takes the label once it is drawn: the repaint after a
+    // dialog places the fields the dialog left pending.
     m_dialogoCerrado = false;
     f();
-    m_historial.registrar();
-    if (m_dialogoCerrado)
+    if (m_dialogoCerrado) {
         refresh();
-    else
+        m_historial.registrar();
+        mostrarEdicion();
+    } else {
+        m_historial.registrar();
         mostrar();
+    }
     m_dialogoCerrado = false;
 }
 
@@ -406,6 +412,7 @@ void frmBase::construirLienzo()
     m_TxtNomEtiq->setMaxLength(7);
     m_TxtNomEtiq->setFixedWidth(px(30));
     m_TxtNombre->setBuddy(m_TxtNomEtiq);
+    m_TxtNomEtiq->installEventFilter(this);
     izquierda->addWidget(m_TxtNomEtiq);
     connect(m_TxtNomEtiq, &QLineEdit::textEdited, this, [this](const QString& t) {
         m_files.cambioNombre(t);
@@ -659,6 +666,20 @@ void frmBase::situarRecordada()
     if (m_vista.maximizada)
         setWindowState(windowState() | Qt::WindowMaximized);
     m_deseado = tamanoDeseado();
+}
+
+bool frmBase::eventFilter(QObject* objeto, QEvent* event)
+{
+    // The name box keeps no undo of its own: its typing is a step of the
+    // label's history, which Ctrl+Z and Ctrl+Y reach from there too.
+    if (objeto == m_TxtNomEtiq && event->type() == QEvent::ShortcutOverride) {
+        const auto* tecla = static_cast<QKeyEvent*>(event);
+        const QKeySequence pulsada(tecla->keyCombination());
+        for (const QAction* a : {m_mnuDeshacer, m_mnuRehacer})
+            if (a->shortcuts().contains(pulsada))
+                return true;
+    }
+    return QMainWindow::eventFilter(objeto, event);
 }
 
 void frmBase::resizeEvent(QResizeEvent* event)

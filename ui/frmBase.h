@@ -105,6 +105,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* objeto, QEvent* event) override;
 
 private:
     struct Entrada {
