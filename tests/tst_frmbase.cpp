@@ -324,7 +324,7 @@ private slots:
 
     // The whole window on the screen it runs on, and its content in sight
     // without scrolling, for a label of 60 in every language. ctest runs
-    // this on a 1366 x 768 screen and on a 1920 x 1080 one at 150 %.
+    // this on 1366 x 768, on 1920 x 1080 at 150 % and on 2560 x 1440 at 200 %.
     void ventanaCabe()
     {
         ScriptedInteraction ui;
