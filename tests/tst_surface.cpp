@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
 #include <QToolTip>
@@ -186,11 +187,18 @@ private slots:
 
         QTest::keyClick(w, Qt::Key_Minus, Qt::ControlModifier);
         QCOMPARE(cuadro()->zoom(), Zoom::alejar(zoom));
-        QWheelEvent rueda(QPointF(5, 5), cuadro()->mapToGlobal(QPointF(5, 5)), QPoint(),
-                          QPoint(0, QWheelEvent::DefaultDeltasPerStep), Qt::NoButton,
-                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        // The wheel zooms about the pointer: what was under it stays there.
+        const QPointF puntero(150, 100);
+        const QPointF unidades = cuadro()->unidadesDe(puntero);
+        const QPoint global = cuadro()->mapToGlobal(puntero.toPoint());
+        QWheelEvent rueda(puntero, global, QPoint(), QPoint(0, QWheelEvent::DefaultDeltasPerStep),
+                          Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(cuadro(), &rueda);
         QCOMPARE(cuadro()->zoom(), Zoom::acercar(Zoom::alejar(zoom)));
+        QCoreApplication::processEvents();
+        const QScrollBar* barra = hijo<QScrollArea>("areaLienzo")->horizontalScrollBar();
+        if (barra->value() > 0 && barra->value() < barra->maximum())
+            QVERIFY(std::abs(cuadro()->unidadesDe(cuadro()->mapFromGlobal(global)).x() - unidades.x()) < 0.5);
     }
 
     // A dialog's change and the fields it places are one step: the free

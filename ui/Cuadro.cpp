@@ -246,7 +246,7 @@ void Cuadro::wheelEvent(QWheelEvent* e)
     const int pasos = m_rueda / QWheelEvent::DefaultDeltasPerStep;
     m_rueda -= pasos * QWheelEvent::DefaultDeltasPerStep;
     if (pasos != 0)
-        alZoomRueda(pasos);
+        alZoomRueda(pasos, e->position());
     e->accept();
 }
 

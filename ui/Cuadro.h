@@ -64,8 +64,9 @@ public:
     std::function<bool(const QPoint&)> sobreCajaTexto;
     // After each mouse action: the window shows the status read-outs.
     std::function<void()> trasRaton;
-    // The wheel turned with Ctrl held: steps up (> 0) or down.
-    std::function<void(int)> alZoomRueda;
+    // The wheel turned with Ctrl held: steps up (> 0) or down, the pointer
+    // at that point of this widget.
+    std::function<void(int, const QPointF&)> alZoomRueda;
 
 protected:
     bool event(QEvent* e) override;

@@ -514,11 +514,24 @@ void frmBase::construirLienzo()
     m_reglaVer = new Regla(Qt::Vertical, m_zonaCuadro);
     m_cuadro = new Cuadro(m_editor, m_fondo, m_zonaCuadro);
     m_cuadro->sobreCajaTexto = [this](const QPoint& g) { return sobreCajaTexto(g); };
-    m_cuadro->alZoomRueda = [this](int pasos) {
-        double z = m_cuadro->zoom();
+    m_cuadro->alZoomRueda = [this](int pasos, const QPointF& donde) {
+        const double antes = m_cuadro->zoom();
+        double z = antes;
         for (int i = 0; i < std::abs(pasos); ++i)
             z = pasos > 0 ? Zoom::acercar(z) : Zoom::alejar(z);
         fijarZoom(z);
+        // The point under the pointer stays under it, once the scroll area
+        // has taken the new size.
+        const QPoint desplazamiento = (donde * (m_cuadro->zoom() / antes) - donde).toPoint();
+        QMetaObject::invokeMethod(
+            this,
+            [this, desplazamiento] {
+                QScrollBar* h = m_area->horizontalScrollBar();
+                QScrollBar* v = m_area->verticalScrollBar();
+                h->setValue(h->value() + desplazamiento.x());
+                v->setValue(v->value() + desplazamiento.y());
+            },
+            Qt::QueuedConnection);
     };
     m_cuadro->trasRaton = [this] {
         m_historial.registrar();
@@ -623,6 +636,9 @@ void frmBase::situarLienzo()
     for (int i = 0; i < 2; ++i)
         m_lblTXF[i]->setGeometry(izquierda, bajo + i * px(7), anchoTextos, px(6));
     m_zonaCuadro->setFixedSize(izquierda + anchoTextos + px(1), bajo + px(14));
+    // The scroll area sizes the content anew, and its scroll bars with it.
+    m_lienzo->layout()->activate();
+    m_lienzo->updateGeometry();
 
     // The palette's visible buttons in the order of their places, down the
     // first column and then the second.
