@@ -7,6 +7,8 @@
 #include "Posicion.h"
 
 #include <QStringLiteral>
+#include <algorithm>
+#include <cmath>
 
 using namespace Coordenadas;
 
@@ -319,4 +321,67 @@ void EditorEtiqueta::soltarEn(bool dentro, int k, double x, double y, bool sobre
         arrastrando = false;
         m_view.repintarCuadro();
     }
+}
+
+bool EditorEtiqueta::haySeleccion() const
+{
+    for (int i = 1; i <= camposModelo(); ++i)
+        if (m_mb.Campos(i).Seleccionado && m_mb.Campos(i).Presente == "1")
+            return true;
+    return false;
+}
+
+void EditorEtiqueta::moverSeleccion(int hor, int ver)
+{
+    if (!haySeleccion())
+        return;
+    double L = 1e9, T = 1e9, R = -1e9, B = -1e9;
+    for (int i = 1; i <= camposModelo(); ++i) {
+        if (!m_mb.Campos(i).Seleccionado || m_mb.Campos(i).Presente != "1")
+            continue;
+        const Caja& c = superficie.Imagen(i);
+        L = std::min(L, double(c.left()));
+        T = std::min(T, double(c.top()));
+        R = std::max(R, double(c.left() + c.width()));
+        B = std::max(B, double(c.top() + c.height()));
+    }
+    const double fondo = superficie.altoExterior * 9 / 10;
+    // As far as the limits let the step go, never backwards.
+    const auto paso = [](int d, double bajo, double alto) {
+        if (d < 0)
+            return std::min(0, std::max(d, static_cast<int>(std::ceil(bajo))));
+        return std::max(0, std::min(d, static_cast<int>(std::floor(alto))));
+    };
+    const int dx = paso(hor, 3 - L, 53 - R);
+    const int dy = paso(ver, 8 - T, fondo - B);
+    if (dx == 0 && dy == 0)
+        return;
+    const Rect r{redondear(L + dx), redondear(T + dy), redondear(R + dx), redondear(B + dy)};
+    if (!dentroDeLimites(r, fondo))
+        return;
+    for (int i = 1; i <= camposModelo(); ++i) {
+        Campo& c = m_mb.Campos(i);
+        if (!c.Seleccionado || c.Presente != "1")
+            continue;
+        c.PosHor = static_cast<int16_t>(c.PosHor + dx);
+        c.PosVer = static_cast<int16_t>(c.PosVer + dy);
+        c.TextoHor = textoPosicionEntero(c.PosHor);
+        c.TextoVer = textoPosicionEntero(c.PosVer);
+        superficie.Imagen(i).move(c.PosHor, c.PosVer);
+        if (i == 11)
+            sigueCompanero();
+    }
+    m_view.repintarCuadro();
+}
+
+void EditorEtiqueta::borrarSeleccion()
+{
+    const int16_t activo = CampoActivo;
+    for (int i = 1; i <= camposModelo(); ++i) {
+        if (!m_mb.Campos(i).Seleccionado || m_mb.Campos(i).Presente != "1")
+            continue;
+        CampoActivo = static_cast<int16_t>(i);
+        clicMnuDer(4);
+    }
+    CampoActivo = activo;
 }

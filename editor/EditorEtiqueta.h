@@ -152,6 +152,14 @@ public:
     void PosicionarCampo(int campo);
     void InicializarSituacion(int campo, int hor, int ver);
 
+    // --- the keyboard, on the red selection
+    bool haySeleccion() const;
+    // The selected fields move together by (hor, ver) units, as far as a
+    // drag could take them; a step the limits cut short is taken in part.
+    void moverSeleccion(int hor, int ver);
+    // The selected fields are taken off, as the size menu's delete does.
+    void borrarSeleccion();
+
     // --- alignment
     void AjustarIzda();
     void AjustarArriba();

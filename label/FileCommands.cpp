@@ -252,6 +252,7 @@ void FileCommands::CargarEtiquetaConjunto(int p)
 
 void FileCommands::cargarDeArchivo()
 {
+    ++generacion;
     m_mb.ArchivoConocido = true;
     Actualiza();
     m_mb.Modificado = false;
@@ -279,6 +280,7 @@ void FileCommands::GuardarEtiquetaConjunto()
     GuardarFreetxl(m_mb);
     m_mb.ArchivoConocido = true;
     m_mb.Modificado = false;
+    ++guardados;
 }
 
 QList<QByteArray> FileCommands::lineasArchivo() const
@@ -359,6 +361,7 @@ void FileCommands::NuevoConjunto()
     if (!preguntarYGuardar())
         return;
     // The other labels of the set stay in the store.
+    ++generacion;
     m_view.mostrarCargaTXL();
 }
 
@@ -412,9 +415,7 @@ void FileCommands::CargarEti()
         return;
     }
     leerLineasEtiqueta(splitLines(fs::readAll(m_mb.ArchivoActual)));
-    m_mb.ArchivoConocido = true;
-    Actualiza();
-    m_mb.Modificado = false;
+    cargarDeArchivo();
 }
 
 int FileCommands::leerLineasEtiqueta(const QList<QByteArray>& lines)
@@ -469,6 +470,7 @@ void FileCommands::GuardaEti()
     fs::writeAll(m_mb.ArchivoActual, joinLines(lineasEtiqueta(tipo)));
     m_mb.ArchivoConocido = true;
     m_mb.Modificado = false;
+    ++guardados;
 }
 
 void FileCommands::completarLblNombre()
@@ -574,6 +576,7 @@ void FileCommands::cambiarModelo(bool nuevo)
         for (int i = 0; i < 5; ++i)
             m_mb.TextoLibre(i) = codificar(m_mb.Textos(1344 + i));
     }
+    ++generacion;
     // The store is emptied; the fields on the surface and the other free
     // texts stay. The label takes the selector's first number.
     IniciaLineas();

@@ -58,6 +58,11 @@ public:
     int16_t IgnorarCambioEtiq = 0;
     bool Convirtiendo = false;
     ControlesBase controles;
+    // Counts the times a different label came in: a load, another label of
+    // the set, a new label, the model switch.
+    int generacion = 0;
+    // Counts the saves of the label in hand.
+    int guardados = 0;
 
     // How many lines a set file of the model in force has.
     int lineasConjunto() const;

@@ -1,6 +1,8 @@
 // The editor's commands: presets, palette, pop-up menus, captions and the
 // background picture.
 #include "EditorEnv.h"
+#include "Historial.h"
+#include "Vista.h"
 
 #include <QtTest>
 
@@ -44,6 +46,15 @@ private slots:
     void captions();
     void fondo();
     void fondoParrilla();
+    void deshacer_data();
+    void deshacer();
+    void historialSeReinicia_data();
+    void historialSeReinicia();
+    void modificadoAlDeshacer();
+    void teclasSeleccion_data();
+    void mnemonicos_data();
+    void mnemonicos();
+    void teclasSeleccion();
 };
 
 void TestEditorMenus::presets_data()
@@ -590,6 +601,210 @@ void TestEditorMenus::fondoParrilla()
     fondo.mnuFondoParrilla();
     QVERIFY(!fondo.parrilla);
     QVERIFY(!env.mb.Modificado);
+}
+
+using Orden = std::function<void(EditorEnv&)>;
+Q_DECLARE_METATYPE(Orden)
+
+// Each kind of command, its step named by what it changed: undo brings back
+// the very label before it, boxes where the records say, redo the one after.
+void TestEditorMenus::deshacer_data()
+{
+    QTest::addColumn<Orden>("orden");
+    QTest::addColumn<int>("clase");
+    const auto arrastre = [](int campo, double x, double y) {
+        return Orden([=](EditorEnv& e) {
+            e.editor.pulsar(campo, BotonRaton::Izquierdo, e.editor.superficie.Imagen(campo).left(),
+                            e.editor.superficie.Imagen(campo).top());
+            e.editor.soltarEn(true, -1, x, y, false);
+        });
+    };
+    QTest::newRow("a field dragged") << arrastre(12, 30, 35) << 2202;
+    QTest::newRow("the selection dragged") << arrastre(13, 22, 25) << 2202;
+    QTest::newRow("an arrow key") << Orden([](EditorEnv& e) { e.editor.moverSeleccion(0, 5); }) << 2202;
+    QTest::newRow("alignment") << Orden([](EditorEnv& e) { e.editor.Alinear(2); }) << 2202;
+    QTest::newRow("placed from the palette")
+        << Orden([](EditorEnv& e) { e.editor.pulsarCBDisplay(2); }) << 2203;
+    QTest::newRow("sized from its menu") << Orden([](EditorEnv& e) {
+        e.editor.pulsarCampo(12, BotonRaton::Derecho, 0, 0);
+        e.editor.clicMnuDer(1);
+    }) << 2205;
+    QTest::newRow("deleted from its menu") << Orden([](EditorEnv& e) {
+        e.editor.pulsarCampo(12, BotonRaton::Derecho, 0, 0);
+        e.editor.clicMnuDer(4);
+    }) << 2204;
+    QTest::newRow("the Delete key") << Orden([](EditorEnv& e) { e.editor.borrarSeleccion(); }) << 2204;
+    QTest::newRow("the name box") << Orden([](EditorEnv& e) {
+        e.files.cambioNombre(QStringLiteral("QU"));
+        e.files.cambioNombre(QStringLiteral("QUESO"));
+    }) << 2206;
+    QTest::newRow("the width") << Orden([](EditorEnv& e) { e.editor.cambioVSVer(60); }) << 2207;
+    QTest::newRow("a fixed text cleared") << Orden([](EditorEnv& e) {
+        e.editor.pulsarTXF(1, BotonRaton::Derecho);
+        e.editor.clicMnuDerTXFborrar();
+    }) << 2208;
+    QTest::newRow("a preset") << Orden([](EditorEnv& e) { e.editor.Cargar60(); }) << 2209;
+}
+
+void TestEditorMenus::deshacer()
+{
+    QFETCH(Orden, orden);
+    QFETCH(int, clase);
+    EditorEnv env;
+    env.poner(12, 10, 20);
+    env.poner(13, 20, 30, "0", true);
+    env.poner(14, 30, 30, "0", true);
+    env.mb.TextoFijo(0) = "OFERTA";
+    Historial h(env.mb, env.files, env.view);
+    const EstadoEtiqueta antes = EstadoEtiqueta::de(env.mb, env.files);
+    QVERIFY(!h.puedeDeshacer());
+    QCOMPARE(h.captionDeshacer(), QStringLiteral("&Deshacer"));
+
+    h.orden([&] { orden(env); });
+    const EstadoEtiqueta despues = EstadoEtiqueta::de(env.mb, env.files);
+    QVERIFY(!despues.mismaEtiqueta(antes));
+    QCOMPARE(h.captionDeshacer(), QStringLiteral("&Deshacer ") + env.mb.Textos(clase));
+
+    env.ui.log.clear();
+    h.deshacer();
+    const EstadoEtiqueta deshecho = EstadoEtiqueta::de(env.mb, env.files);
+    QVERIFY(deshecho.mismaEtiqueta(antes));
+    for (int n = 1; n <= 36; ++n)
+        QCOMPARE(env.mb.Campos(n), antes.Campos(n));
+    QCOMPARE(env.mb.AnchoEtiqueta, antes.AnchoEtiqueta);
+    QCOMPARE(env.files.controles.VSVer, antes.controles.VSVer);
+    QCOMPARE(env.editor.superficie.Imagen(12).left(), 10.0);
+    QVERIFY(env.editor.superficie.Imagen(12).visible);
+    QVERIFY(env.ui.log.contains(QStringLiteral("repaint")));
+    QVERIFY(!env.mb.Modificado);
+    QVERIFY(!h.puedeDeshacer());
+    QCOMPARE(h.captionRehacer(), QStringLiteral("&Rehacer ") + env.mb.Textos(clase));
+
+    h.rehacer();
+    for (int n = 1; n <= 36; ++n)
+        QCOMPARE(env.mb.Campos(n), despues.Campos(n));
+    QVERIFY(EstadoEtiqueta::de(env.mb, env.files).mismaEtiqueta(despues));
+    QVERIFY(env.mb.Modificado);
+    QVERIFY(!h.puedeRehacer());
+    // A new command after an undo drops what could be redone.
+    h.deshacer();
+    h.orden([&] { env.editor.cambioVSVer(50); });
+    QVERIFY(!h.puedeRehacer());
+}
+
+// A different label in hand starts the history afresh.
+void TestEditorMenus::historialSeReinicia_data()
+{
+    QTest::addColumn<Orden>("carga");
+    QTest::newRow("another label of the set")
+        << Orden([](EditorEnv& e) { e.files.CargarEtiquetaConjunto(4); });
+    QTest::newRow("the model switch") << Orden([](EditorEnv& e) { e.files.cambiarModelo(false); });
+    QTest::newRow("a new label") << Orden([](EditorEnv& e) {
+        e.mb.Modificado = false;
+        e.files.menuNueva();
+    });
+}
+
+void TestEditorMenus::historialSeReinicia()
+{
+    QFETCH(Orden, carga);
+    EditorEnv env;
+    Historial h(env.mb, env.files, env.view);
+    h.orden([&] { env.editor.cambioVSVer(60); });
+    QVERIFY(h.puedeDeshacer());
+    h.orden([&] { carga(env); });
+    QVERIFY(!h.puedeDeshacer());
+    QVERIFY(!h.puedeRehacer());
+}
+
+// The label counts as modified exactly away from where the files stand.
+void TestEditorMenus::modificadoAlDeshacer()
+{
+    EditorEnv env;
+    env.poner(12, 10, 20);
+    Historial h(env.mb, env.files, env.view);
+    h.orden([&] { env.editor.cambioVSVer(60); });
+    env.mb.ArchivoActual = env.dir.file(QStringLiteral("guardada.pde"));
+    h.orden([&] { env.files.GuardaEti(); });
+    const QByteArray guardada = env.dir.read(QStringLiteral("guardada.pde"));
+    QVERIFY(!env.mb.Modificado);
+    h.orden([&] { env.files.cambioNombre(QStringLiteral("PAN")); });
+    QVERIFY(env.mb.Modificado);
+    h.deshacer();
+    QVERIFY(!env.mb.Modificado);
+    h.deshacer();
+    QVERIFY(env.mb.Modificado);
+    QCOMPARE(env.mb.AnchoEtiqueta, QByteArray("45"));
+    h.rehacer();
+    QVERIFY(!env.mb.Modificado);
+    // Undo wrote nothing.
+    QCOMPARE(env.dir.read(QStringLiteral("guardada.pde")), guardada);
+}
+
+// The arrows move the red selection as far as a drag may take it.
+void TestEditorMenus::teclasSeleccion_data()
+{
+    QTest::addColumn<int>("hor");
+    QTest::addColumn<int>("ver");
+    QTest::addColumn<QList<int>>("inicio"); // the two selected fields' hor, ver
+    QTest::addColumn<QList<int>>("fin");
+    QTest::newRow("one to the right") << 1 << 0 << QList<int>{10, 20, 20, 30} << QList<int>{11, 20, 21, 30};
+    QTest::newRow("five up") << 0 << -5 << QList<int>{10, 20, 20, 30} << QList<int>{10, 15, 20, 25};
+    QTest::newRow("five left, cut at the left limit")
+        << -5 << 0 << QList<int>{5, 20, 20, 30} << QList<int>{3, 20, 18, 30};
+    QTest::newRow("up, at the top limit already") << 0 << -1 << QList<int>{10, 8, 20, 30} << QList<int>{10, 8, 20, 30};
+    // A weight box is 11 across: 42 + 11 is the right limit, 53.
+    QTest::newRow("right, at the right limit") << 1 << 0 << QList<int>{10, 20, 42, 30} << QList<int>{10, 20, 42, 30};
+    QTest::newRow("five down, cut at the bottom")
+        << 0 << 5 << QList<int>{10, 20, 20, 38} << QList<int>{10, 23, 20, 41};
+}
+
+void TestEditorMenus::teclasSeleccion()
+{
+    QFETCH(int, hor);
+    QFETCH(int, ver);
+    QFETCH(QList<int>, inicio);
+    QFETCH(QList<int>, fin);
+    EditorEnv env;
+    env.poner(12, inicio[0], inicio[1], "0", true);
+    env.poner(11, inicio[2], inicio[3], "0", true);
+    env.poner(13, 30, 10); // not selected: stays
+    env.editor.moverSeleccion(hor, ver);
+    const QList<int> ahora{env.mb.Campos(12).PosHor, env.mb.Campos(12).PosVer, env.mb.Campos(11).PosHor,
+                           env.mb.Campos(11).PosVer};
+    QCOMPARE(ahora, fin);
+    QCOMPARE(env.editor.superficie.Imagen(11).left(), double(fin[2]));
+    if (fin != inicio)
+        QCOMPARE(env.mb.Campos(11).TextoVer, textoPosicionEntero(fin[3]));
+    QCOMPARE(env.mb.Campos(13).PosHor, 30);
+}
+
+void TestEditorMenus::mnemonicos_data()
+{
+    QTest::addColumn<QStringList>("captions");
+    QTest::addColumn<QString>("ocupadas");
+    QTest::addColumn<QStringList>("esperadas");
+    QTest::newRow("first letters") << QStringList{"Peso", "Tara"} << QString() << QStringList{"&Peso", "&Tara"};
+    QTest::newRow("a letter taken goes on") << QStringList{"Peso", "Precio"} << QString()
+                                            << QStringList{"&Peso", "P&recio"};
+    QTest::newRow("the menu bar's letters are left") << QStringList{"Fecha"} << QStringLiteral("fe")
+                                                     << QStringList{"Fe&cha"};
+    QTest::newRow("case does not count twice") << QStringList{"Aa", "aB"} << QString() << QStringList{"&Aa", "a&B"};
+    QTest::newRow("an ampersand is kept") << QStringList{"1 & 2"} << QString() << QStringList{"1 && 2"};
+    QTest::newRow("no free letter") << QStringList{"ab", "ba", "ab"} << QString() << QStringList{"&ab", "&ba", "ab"};
+    QTest::newRow("an ordinal sign is no key") << QStringList{QStringLiteral("2ª Moneda")} << QString()
+                                               << QStringList{QStringLiteral("2ª &Moneda")};
+    QTest::newRow("Greek letters") << QStringList{"Βάρος"} << QString() << QStringList{"&Βάρος"};
+}
+
+void TestEditorMenus::mnemonicos()
+{
+    QFETCH(QStringList, captions);
+    QFETCH(QString, ocupadas);
+    QFETCH(QStringList, esperadas);
+    const QStringList hechas = conMnemonicos(captions, ocupadas);
+    QCOMPARE(hechas, esperadas);
+    QCOMPARE(letraMnemonico(hechas.first()), letraMnemonico(esperadas.first()));
 }
 
 QTEST_GUILESS_MAIN(TestEditorMenus)

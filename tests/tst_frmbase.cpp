@@ -117,7 +117,7 @@ private slots:
         frmBase w(*m_mb, ui);
         QCOMPARE(w.windowTitle(), QStringLiteral("Korvo v1.0"));
         const QStringList spanish = captions(w);
-        QCOMPARE(spanish.size(), 24);
+        QCOMPARE(spanish.size(), 31);
         QVERIFY(spanish.contains(m_mb->Textos(1296) + "..."));
         QVERIFY(spanish.contains(QStringLiteral("&Griego")));
         for (int lang = 2; lang <= 8; ++lang) {
@@ -277,8 +277,10 @@ private slots:
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
         w.menuIdioma(idioma)->trigger();
+        // At the first zoom and at a large one.
         for (const char* tipo : {"V", "T"}) {
             m_mb->TipoEtiqueta = tipo;
+            w.fijarZoom(tipo[0] == 'V' ? Escala::kZoomInicial : 3.0);
             w.refresh();
             QCoreApplication::processEvents(); // the layouts follow the new captions
             QStringList fallos = recorrido::textosCortados(w);
@@ -310,9 +312,45 @@ private slots:
         }
     }
 
+    // The size and zoom of the last run come back, from a file of their own;
+    // a size the screen cannot hold is brought inside it.
+    void ventanaRecordada_data()
+    {
+        QTest::addColumn<QSize>("tamano");
+        QTest::addColumn<bool>("cabe");
+        QTest::newRow("a size that fits") << QSize(640, 480) << true;
+        QTest::newRow("larger than the screen") << QSize(5000, 4000) << false;
+    }
+
+    void ventanaRecordada()
+    {
+        QFETCH(QSize, tamano);
+        QFETCH(bool, cabe);
+        ScriptedInteraction ui;
+        {
+            frmBase w(*m_mb, ui);
+            w.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            w.fijarZoom(2);
+            w.resize(tamano);
+            QVERIFY(w.close());
+        }
+        const QByteArray cfg = m_dir->read(QStringLiteral("cfg.ini"));
+        QVERIFY(m_dir->exists(QStringLiteral("ventana.ini")));
+        frmBase w(*m_mb, ui);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QCOMPARE(w.cuadro()->zoom(), 2.0);
+        const QRect libre = w.screen()->availableGeometry();
+        QVERIFY(libre.contains(w.frameGeometry()));
+        if (cabe)
+            QCOMPARE(w.size(), tamano);
+        QCOMPARE(m_dir->read(QStringLiteral("cfg.ini")), cfg);
+    }
+
     // The whole window on the screen it runs on, and its content in sight
     // without scrolling, for a label of 60 in every language. ctest runs
-    // this on a 1366 x 768 screen and on a 1920 x 1080 one at 150 %.
+    // this on 1366 x 768, on 1920 x 1080 at 150 % and on 2560 x 1440 at 200 %.
     void ventanaCabe()
     {
         ScriptedInteraction ui;

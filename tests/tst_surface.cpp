@@ -10,9 +10,12 @@
 #include "frmBase.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
 #include <QToolTip>
@@ -22,9 +25,6 @@
 Q_DECLARE_METATYPE(QList<Answer>)
 
 namespace {
-
-// The point of the surface (in surface units) as the widget sees it.
-QPoint en(double hor, double ver) { return Cuadro::puntoDe(hor, ver).toPoint(); }
 
 Qt::CursorShape punteroArrastre()
 {
@@ -58,6 +58,8 @@ private:
     }
 
     Cuadro* cuadro() const { return m_w->cuadro(); }
+    // The point of the surface (in surface units) as the widget sees it.
+    QPoint en(double hor, double ver) const { return cuadro()->puntoDe(hor, ver).toPoint(); }
     template <typename T> T* hijo(const QString& nombre) const
     {
         T* w = m_w->findChild<T*>(nombre);
@@ -87,6 +89,160 @@ private:
     }
 
 private slots:
+    // The keyboard on the selection, and undo and redo by their keys: each
+    // press one step, a drag one step, and the entries say what they undo.
+    void tecladoYDeshacer()
+    {
+        abrir();
+        QWidget* w = m_w.get();
+        w->activateWindow();
+        // A palette button by its mnemonic: the weight comes onto the label.
+        const QChar letra = letraMnemonico(hijo<QPushButton>("CBDisplay2")->text());
+        QVERIFY2(letra.isLetter(), qPrintable(hijo<QPushButton>("CBDisplay2")->text()));
+        QTest::keyClick(w, letra.toLatin1(), Qt::AltModifier);
+        QTRY_COMPARE(m_mb->Campos(11).Presente, QByteArray("1"));
+        // No two letters alike among the menu bar and the palette.
+        QStringList letras;
+        for (QAction* a : m_w->menuBar()->actions())
+            letras.append(letraMnemonico(a->text()));
+        for (QPushButton* b : m_w->findChildren<QPushButton*>(QRegularExpression("^CBDisplay")))
+            if (b->isVisible() && !letraMnemonico(b->text()).isNull())
+                letras.append(letraMnemonico(b->text()));
+        QCOMPARE(QSet<QString>(letras.begin(), letras.end()).size(), letras.size());
+
+        poner(11, 10, 10);
+        poner(12, 30, 20);
+        QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, en(11, 11));
+        QVERIFY(m_mb->Campos(11).Seleccionado);
+        QTest::keyClick(w, Qt::Key_Right);
+        QTest::keyClick(w, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(m_mb->Campos(11).PosHor, int16_t(11));
+        QCOMPARE(m_mb->Campos(11).PosVer, int16_t(15));
+        QCOMPARE(m_mb->Campos(12).PosHor, int16_t(30)); // not selected
+        QCOMPARE(cuadro()->rectCaja(11).topLeft(), cuadro()->puntoDe(11, 15));
+        arrastrar(en(31, 21), en(26, 31));
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(30));
+        QAction* deshacer = hijo<QAction>("mnuEtiquetaDeshacer");
+        QCOMPARE(deshacer->text(), QStringLiteral("&Deshacer ") + m_mb->Textos(2202));
+
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(20));
+        QCOMPARE(cuadro()->rectCaja(12).topLeft(), cuadro()->puntoDe(30, 20));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(11).PosVer, int16_t(10));
+        QTest::keyClick(w, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(11).PosVer, int16_t(15));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(30));
+        QVERIFY(!hijo<QAction>("mnuEtiquetaRehacer")->isEnabled());
+
+        QTest::keyClick(w, Qt::Key_Delete);
+        QCOMPARE(m_mb->Campos(11).Presente, QByteArray("0"));
+        QVERIFY(!m_w->editor().superficie.Imagen(11).visible);
+        QCOMPARE(deshacer->text(), QStringLiteral("&Deshacer ") + m_mb->Textos(2204));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(11).Presente, QByteArray("1"));
+        QVERIFY(m_w->editor().superficie.Imagen(11).visible);
+        QVERIFY(m_mb->Modificado);
+
+    }
+
+    // At every zoom a click moves nothing and a drag lands where the same
+    // drag lands at true size; the keys and the wheel step the zoom. The
+    // points lie a tenth past a unit: at 50 % a pixel is half a unit wide,
+    // and the pixel under them still stands for the same unit.
+    void zoomArrastre_data()
+    {
+        QTest::addColumn<double>("zoom");
+        QTest::newRow("50 %") << 0.5;
+        QTest::newRow("150 %") << 1.5;
+        QTest::newRow("300 %") << 3.0;
+        QTest::newRow("800 %") << 8.0;
+    }
+
+    void zoomArrastre()
+    {
+        QFETCH(double, zoom);
+        abrir();
+        poner(12, 10, 20);
+        QWidget* w = m_w.get();
+        w->activateWindow();
+        QTest::keyClick(w, Qt::Key_0, Qt::ControlModifier);
+        QCOMPARE(cuadro()->zoom(), 1.0);
+        QCOMPARE(cuadro()->pxPorUnidadHor(), 113.4 / 15);
+        arrastrar(en(11.1, 21.1), en(25.1, 30.1));
+        const QPoint real(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer);
+        QCOMPARE(real, QPoint(24, 29));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(12).PosHor, int16_t(10));
+
+        m_w->fijarZoom(zoom);
+        QCOMPARE(cuadro()->zoom(), zoom);
+        QCOMPARE(cuadro()->width(), qRound(m_w->editor().superficie.anchoExterior * zoom * 113.4 / 30));
+        QTest::mouseClick(cuadro(), Qt::LeftButton, {}, en(11.1, 21.1));
+        QCOMPARE(QPoint(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer), QPoint(10, 20));
+        arrastrar(en(11.1, 21.1), en(25.1, 30.1));
+        QCOMPARE(QPoint(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer), real);
+        QCOMPARE(cuadro()->rectCaja(12).topLeft(), cuadro()->puntoDe(24, 29));
+
+        QTest::keyClick(w, Qt::Key_Minus, Qt::ControlModifier);
+        QCOMPARE(cuadro()->zoom(), Zoom::alejar(zoom));
+        // The wheel zooms about the pointer: what was under it stays there.
+        const QPointF puntero(150, 100);
+        const QPointF unidades = cuadro()->unidadesDe(puntero);
+        const QPoint global = cuadro()->mapToGlobal(puntero.toPoint());
+        QWheelEvent rueda(puntero, global, QPoint(), QPoint(0, QWheelEvent::DefaultDeltasPerStep),
+                          Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(cuadro(), &rueda);
+        QCOMPARE(cuadro()->zoom(), Zoom::acercar(Zoom::alejar(zoom)));
+        QCoreApplication::processEvents();
+        const QScrollBar* barra = hijo<QScrollArea>("areaLienzo")->horizontalScrollBar();
+        if (barra->value() > 0 && barra->value() < barra->maximum())
+            QVERIFY(std::abs(cuadro()->unidadesDe(cuadro()->mapFromGlobal(global)).x() - unidades.x()) < 0.5);
+    }
+
+    // A dialog's change and the fields it places are one step: the free
+    // text typed and its field on the surface go and come back together.
+    void deshacerDialogo()
+    {
+        abrir();
+        const QByteArray antes = m_mb->TextoLibre(5);
+        int paso = 0;
+        QTimer dialogo;
+        connect(&dialogo, &QTimer::timeout, this, [&] {
+            QWidget* d = QApplication::activeModalWidget();
+            if (!d || d->objectName() != "frmTXL" || !d->isVisible())
+                return;
+            if (paso++ == 0) {
+                QTest::mouseClick(d->findChild<QCheckBox*>("ChTXL6"), Qt::LeftButton);
+                QTest::keyClicks(d->findChild<QLineEdit*>("TextTXL6"), "QUESO");
+                QTest::mouseClick(d->findChild<QPushButton*>("OKButton"), Qt::LeftButton);
+            } else {
+                QTest::mouseClick(d->findChild<QPushButton*>("SalirButton"), Qt::LeftButton);
+            }
+        });
+        dialogo.start(20);
+        QTest::mouseClick(hijo<QPushButton>("CBDisplay0"), Qt::LeftButton);
+        dialogo.stop();
+        const int campo = campoDeTextoLibre(6);
+        QCOMPARE(m_mb->Campos(campo).Presente, QByteArray("1"));
+        const QByteArray escrito = m_mb->TextoLibre(5);
+        QVERIFY(escrito != antes);
+
+        // From the name box too: the label's undo, not the box's own.
+        m_w->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_w.get()));
+        QWidget* w = hijo<QLineEdit>("TxtNomEtiq");
+        w->setFocus();
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(campo).Presente, QByteArray("0"));
+        QVERIFY(!m_w->editor().superficie.Imagen(campo).visible);
+        QCOMPARE(m_mb->TextoLibre(5), antes);
+        QTest::keyClick(w, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(m_mb->Campos(campo).Presente, QByteArray("1"));
+        QCOMPARE(m_mb->TextoLibre(5), escrito);
+    }
+
     void cleanup()
     {
         m_w.reset();
@@ -163,7 +319,7 @@ private slots:
         // The boxes show the move once, the records twice; a command that
         // has nothing to do with them leaves the boxes where they stand.
         const QRectF movida = cuadro()->rectCaja(12);
-        QCOMPARE(movida.topLeft(), Cuadro::puntoDe(30 + dx / 2, 20 + dy / 2));
+        QCOMPARE(movida.topLeft(), cuadro()->puntoDe(30 + dx / 2, 20 + dy / 2));
         hijo<QAction>("mnuEtiquetaPeso")->trigger();
         QCOMPARE(cuadro()->rectCaja(12), movida);
 
@@ -221,10 +377,10 @@ private slots:
         QToolBar* tb = hijo<QToolBar>("Toolbar1");
         QTest::mouseClick(tb->widgetForAction(hijo<QAction>("JustCentr")), Qt::LeftButton);
         QCOMPARE(double(m_w->editor().superficie.Imagen(17).left()), 22.25);
-        QCOMPARE(cuadro()->rectCaja(17).left(), Cuadro::puntoDe(22.25, 0).x());
+        QCOMPARE(cuadro()->rectCaja(17).left(), cuadro()->puntoDe(22.25, 0).x());
         QCOMPARE(m_mb->Campos(17).PosHor, int16_t(22));
         hijo<QAction>("mnuEtiquetaPeso")->trigger();
-        QCOMPARE(cuadro()->rectCaja(17).left(), Cuadro::puntoDe(22.25, 0).x());
+        QCOMPARE(cuadro()->rectCaja(17).left(), cuadro()->puntoDe(22.25, 0).x());
     }
 
     // A free text's box tells which free text it is when the pointer rests on it.
@@ -351,8 +507,8 @@ private slots:
             const TextTable& T = m_mb->Textos;
             QCOMPARE(hijo<QAction>("Abrir")->toolTip(), T(1311));
             QCOMPARE(hijo<QAction>("Convertir")->toolTip(), T(1340));
-            QCOMPARE(hijo<QPushButton>("CBDisplay0")->text(), T(1307));
-            QCOMPARE(hijo<QPushButton>("CBDisplay15")->text(), T(38));
+            QCOMPARE(hijo<QPushButton>("CBDisplay0")->text().remove(QLatin1Char('&')), T(1307));
+            QCOMPARE(hijo<QPushButton>("CBDisplay15")->text().remove(QLatin1Char('&')), T(38));
             QCOMPARE(hijo<QLabel>("StatusBar1Panel1")->text(), T(1317));
             QCOMPARE(hijo<QLabel>("TxtNombre")->text(), T(552));
             QCOMPARE(hijo<QLabel>("TxtVer")->text(), T(1306));

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <QWheelEvent>
 
 using namespace Escala;
 
@@ -24,13 +25,20 @@ BotonRaton botonDe(Qt::MouseButton b)
     return BotonRaton::Otro;
 }
 
-QRectF rectUnidades(double left, double top, double width, double height)
+} // namespace
+
+QRectF Cuadro::rectUnidades(double left, double top, double width, double height) const
 {
-    return QRectF(left * kPxPorUnidadHor, top * kPxPorUnidadVer, width * kPxPorUnidadHor,
-                  height * kPxPorUnidadVer);
+    const double h = pxPorUnidadHor(), v = pxPorUnidadVer();
+    return QRectF(left * h, top * v, width * h, height * v);
 }
 
-} // namespace
+void Cuadro::setZoom(double factor)
+{
+    m_zoom = std::clamp(factor, Zoom::kMinimo, Zoom::kMaximo);
+    ajustarTamano();
+    update();
+}
 
 Cuadro::Cuadro(EditorEtiqueta& editor, const Picture& fondo, QWidget* parent)
     : QWidget(parent), m_editor(editor), m_fondo(fondo)
@@ -41,15 +49,15 @@ Cuadro::Cuadro(EditorEtiqueta& editor, const Picture& fondo, QWidget* parent)
     ajustarTamano();
 }
 
-QPointF Cuadro::puntoDe(double hor, double ver)
+QPointF Cuadro::puntoDe(double hor, double ver) const
 {
-    return QPointF(hor * kPxPorUnidadHor, ver * kPxPorUnidadVer);
+    return QPointF(hor * pxPorUnidadHor(), ver * pxPorUnidadVer());
 }
 
-QPointF Cuadro::unidadesDe(const QPointF& pos)
+QPointF Cuadro::unidadesDe(const QPointF& pos) const
 {
-    return QPointF(Coordenadas::unidadesDePixel(pos.x(), kPxPorUnidadHor),
-                   Coordenadas::unidadesDePixel(pos.y(), kPxPorUnidadVer));
+    return QPointF(Coordenadas::unidadesDePixel(pos.x(), pxPorUnidadHor()),
+                   Coordenadas::unidadesDePixel(pos.y(), pxPorUnidadVer()));
 }
 
 QRectF Cuadro::rectCaja(int n) const
@@ -66,11 +74,13 @@ QRectF Cuadro::rectTexto(int n) const
 QFont Cuadro::fuenteCaja(int n) const
 {
     // The caption in the largest size, down to a small one, that fits its
-    // box: a long word of a language must not be cut.
+    // box: a long word of a language must not be cut. The sizes grow with
+    // the zoom.
     const QString& caption = m_editor.superficie.Imagen(n).caption;
     const double ancho = rectTexto(n).width();
+    const double escala = m_zoom / kZoomInicial;
     QFont f = font();
-    for (int tamano = 11; tamano >= 7; --tamano) {
+    for (int tamano = qRound(11 * escala); tamano >= std::max(5, qRound(7 * escala)); --tamano) {
         f.setPixelSize(tamano);
         if (QFontMetricsF(f).horizontalAdvance(caption) <= ancho)
             break;
@@ -89,7 +99,7 @@ int Cuadro::cajaEn(const QPointF& pos) const
 void Cuadro::ajustarTamano()
 {
     const Superficie& s = m_editor.superficie;
-    setFixedSize(qRound(s.anchoExterior * kPxPorMm), qRound(s.altoExterior * kPxPorMm));
+    setFixedSize(qRound(s.anchoExterior * pxPorMm()), qRound(s.altoExterior * pxPorMm()));
 }
 
 void Cuadro::avisar()
@@ -134,7 +144,7 @@ void Cuadro::paintEvent(QPaintEvent*)
     // The picture stands at its own size from the surface's top left; it is
     // a help for the eye, under everything else.
     if (!m_fondo.isNull())
-        m_fondo.drawAtOwnSize(p, QPointF(0, 0), kPxPorMm);
+        m_fondo.drawAtOwnSize(p, QPointF(0, 0), pxPorMm());
 
     for (const Banda* b : {&s.Shape2, &s.Shape3})
         if (b->visible)
@@ -226,10 +236,31 @@ void Cuadro::mouseDoubleClickEvent(QMouseEvent* e)
     avisar();
 }
 
+void Cuadro::wheelEvent(QWheelEvent* e)
+{
+    if (!(e->modifiers() & Qt::ControlModifier) || !alZoomRueda) {
+        e->ignore(); // the scroll area scrolls
+        return;
+    }
+    m_rueda += e->angleDelta().y();
+    const int pasos = m_rueda / QWheelEvent::DefaultDeltasPerStep;
+    m_rueda -= pasos * QWheelEvent::DefaultDeltasPerStep;
+    if (pasos != 0)
+        alZoomRueda(pasos, e->position());
+    e->accept();
+}
+
 Regla::Regla(Qt::Orientation orientacion, QWidget* parent)
-    : QWidget(parent), m_orientacion(orientacion)
+    : QWidget(parent), m_orientacion(orientacion),
+      m_paso(orientacion == Qt::Horizontal ? kPxPorUnidadHor : kPxPorUnidadVer)
 {
     setObjectName(orientacion == Qt::Horizontal ? QStringLiteral("Image1") : QStringLiteral("Image2"));
+}
+
+void Regla::setPaso(double px)
+{
+    m_paso = px;
+    update();
 }
 
 QFont Regla::fuente() const
@@ -244,7 +275,7 @@ QRectF Regla::rectNumero(int i) const
     // Beside its tick; a number at the end of a ruler stands before its
     // tick, inside the ruler.
     const bool horizontal = m_orientacion == Qt::Horizontal;
-    const double pos = i * (horizontal ? kPxPorUnidadHor : kPxPorUnidadVer);
+    const double pos = i * m_paso;
     const QFontMetricsF fm(fuente());
     const double alto = fm.height();
     if (horizontal) {
@@ -261,7 +292,7 @@ void Regla::paintEvent(QPaintEvent*)
     p.setPen(QColor(60, 60, 60));
     p.setFont(fuente());
     const bool horizontal = m_orientacion == Qt::Horizontal;
-    const double paso = horizontal ? kPxPorUnidadHor : kPxPorUnidadVer;
+    const double paso = m_paso;
     const double largo = horizontal ? width() : height();
     const double grueso = horizontal ? height() : width();
     // Ticks grow from the edge that touches the surface.

@@ -7,14 +7,14 @@
 
 namespace {
 
-// Every picture is drawn on a 24 x 24 grid; the pixmaps are made at two
-// scales so that a high-density screen gets its own.
+// Every picture is drawn on a 24 x 24 grid; the pixmaps are made at four
+// scales so that the usual high-density scales get their own.
 using Dibujo = std::function<void(QPainter&)>;
 
 QIcon icono(const Dibujo& dibujo)
 {
     QIcon icon;
-    for (const qreal escala : {1.0, 2.0}) {
+    for (const qreal escala : {1.0, 1.25, 1.5, 2.0}) {
         QPixmap pm(QSize(24, 24) * escala);
         pm.setDevicePixelRatio(escala);
         pm.fill(Qt::transparent);

@@ -5,6 +5,7 @@
 #include "CatalogoCampos.h"
 #include "Cuadro.h"
 #include "Dialogos.h"
+#include "FileSystem.h"
 #include "Iconos.h"
 #include "ModBase.h"
 #include "Recuperacion.h"
@@ -20,10 +21,12 @@
 #include <QDateTime>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -41,11 +44,6 @@ namespace {
 // the window's content, the rulers' thickness.
 constexpr double kPaletaLeftMm = 240 / Escala::kTwipsPorMm;
 constexpr double kReglaMm = 4.5;
-
-QRect rectMm(double left, double top, double width, double height)
-{
-    return QRect(px(left), px(top), px(width), px(height));
-}
 
 // The tool bar: 25 places, the buttons at these, separators between.
 struct BotonToolbar {
@@ -95,7 +93,7 @@ void EtiquetaTextoFijo::mousePressEvent(QMouseEvent* e)
 
 frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     : QMainWindow(parent), m_mb(mb), m_ui(ui), m_files(mb, ui, *this),
-      m_editor(mb, ui, m_files, *this, *this)
+      m_editor(mb, ui, m_files, *this, *this), m_historial(mb, m_files, *this)
 {
     setObjectName(QStringLiteral("frmBase"));
     traducirQt(m_mb, m_mb.Idioma);
@@ -106,11 +104,17 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     m_editor.PaintFormLoad();
     construirMenus();
     construirEmergentes();
+    construirTeclado();
     if (QAction* idioma = menuIdioma(m_mb.Idioma))
         idioma->setChecked(true);
     construirToolbar();
     construirLienzo();
+    m_vista = VistaVentana::leer(rutaVista());
+    if (m_vista.zoom > 0)
+        m_cuadro->setZoom(m_vista.zoom);
+    m_mnuAjustar->setChecked(m_vista.ajustada);
     m_editor.cargarVentana(minimo);
+    m_historial.reiniciar();
     refresh();
     // From here on the work in hand outlives what the program does not foresee.
     recuperacion::registrar(m_mb, [this] {
@@ -140,12 +144,18 @@ void frmBase::orden(const std::function<void()>& f)
     // does), and the boxes keep the places it gave them. A dialog of the
     // label that stood over the window leaves it to be drawn anew, by the
     // whole repaint, once the command is over.
+    // The history takes the label once it is drawn: the repaint after a
+    // dialog places the fields the dialog left pending.
     m_dialogoCerrado = false;
     f();
-    if (m_dialogoCerrado)
+    if (m_dialogoCerrado) {
         refresh();
-    else
+        m_historial.registrar();
+        mostrarEdicion();
+    } else {
+        m_historial.registrar();
         mostrar();
+    }
     m_dialogoCerrado = false;
 }
 
@@ -177,6 +187,16 @@ void frmBase::construirMenus()
     connect(enviar, &QAction::triggered, this,
             [this] { orden([this] { mostrarFrmConfig(m_mb, m_ui, this); }); });
     etiqueta->addSeparator();
+    // Their captions say what they would bring back; set at every showing.
+    m_mnuDeshacer = etiqueta->addAction(QString());
+    m_mnuDeshacer->setObjectName(QStringLiteral("mnuEtiquetaDeshacer"));
+    m_mnuDeshacer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    connect(m_mnuDeshacer, &QAction::triggered, this, [this] { orden([this] { m_historial.deshacer(); }); });
+    m_mnuRehacer = etiqueta->addAction(QString());
+    m_mnuRehacer->setObjectName(QStringLiteral("mnuEtiquetaRehacer"));
+    m_mnuRehacer->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    connect(m_mnuRehacer, &QAction::triggered, this, [this] { orden([this] { m_historial.rehacer(); }); });
+    etiqueta->addSeparator();
     QAction* vista = entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
     connect(vista, &QAction::triggered, this, [this] {
         frmVistaPrevia preview(m_mb, this);
@@ -187,6 +207,19 @@ void frmBase::construirMenus()
     m_mnuEtiquetaPeso->setCheckable(true);
     connect(m_mnuEtiquetaPeso, &QAction::triggered, this,
             [this] { orden([this] { m_editor.clicMnuEtiquetaPeso(); }); });
+
+    QMenu* ver = menu("mnuVer", 2210);
+    QAction* acercar = entrada(ver, "mnuVerAcercar", 2211, false);
+    acercar->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    connect(acercar, &QAction::triggered, this, [this] { fijarZoom(Zoom::acercar(m_cuadro->zoom())); });
+    QAction* alejar = entrada(ver, "mnuVerAlejar", 2212, false);
+    alejar->setShortcuts(QKeySequence::ZoomOut);
+    connect(alejar, &QAction::triggered, this, [this] { fijarZoom(Zoom::alejar(m_cuadro->zoom())); });
+    QAction* real = entrada(ver, "mnuVerReal", 2213, false, QKeySequence(Qt::CTRL | Qt::Key_0));
+    connect(real, &QAction::triggered, this, [this] { fijarZoom(1); });
+    m_mnuAjustar = entrada(ver, "mnuVerAjustar", 2214, false);
+    m_mnuAjustar->setCheckable(true);
+    connect(m_mnuAjustar, &QAction::triggered, this, [this](bool on) { fijarAjustada(on); });
 
     QMenu* fondo = menu("mnuFondo", 1294);
     QAction* agregar = entrada(fondo, "mnuFondoAgregar", 1303, true);
@@ -379,10 +412,13 @@ void frmBase::construirLienzo()
     m_TxtNomEtiq->setMaxLength(7);
     m_TxtNomEtiq->setFixedWidth(px(30));
     m_TxtNombre->setBuddy(m_TxtNomEtiq);
+    m_TxtNomEtiq->installEventFilter(this);
     izquierda->addWidget(m_TxtNomEtiq);
     connect(m_TxtNomEtiq, &QLineEdit::textEdited, this, [this](const QString& t) {
         m_files.cambioNombre(t);
+        m_historial.registrar();
         m_lblNombre->setText(m_files.controles.lblNombre);
+        mostrarEdicion();
     });
     izquierda->addSpacing(px(1.5));
 
@@ -478,7 +514,30 @@ void frmBase::construirLienzo()
     m_reglaVer = new Regla(Qt::Vertical, m_zonaCuadro);
     m_cuadro = new Cuadro(m_editor, m_fondo, m_zonaCuadro);
     m_cuadro->sobreCajaTexto = [this](const QPoint& g) { return sobreCajaTexto(g); };
-    m_cuadro->trasRaton = [this] { mostrarEstado(); };
+    m_cuadro->alZoomRueda = [this](int pasos, const QPointF& donde) {
+        const double antes = m_cuadro->zoom();
+        double z = antes;
+        for (int i = 0; i < std::abs(pasos); ++i)
+            z = pasos > 0 ? Zoom::acercar(z) : Zoom::alejar(z);
+        fijarZoom(z);
+        // The point under the pointer stays under it, once the scroll area
+        // has taken the new size.
+        const QPoint desplazamiento = (donde * (m_cuadro->zoom() / antes) - donde).toPoint();
+        QMetaObject::invokeMethod(
+            this,
+            [this, desplazamiento] {
+                QScrollBar* h = m_area->horizontalScrollBar();
+                QScrollBar* v = m_area->verticalScrollBar();
+                h->setValue(h->value() + desplazamiento.x());
+                v->setValue(v->value() + desplazamiento.y());
+            },
+            Qt::QueuedConnection);
+    };
+    m_cuadro->trasRaton = [this] {
+        m_historial.registrar();
+        mostrarEdicion();
+        mostrarEstado();
+    };
 
     for (int i = 0; i < 2; ++i) {
         EtiquetaTextoFijo* l = new EtiquetaTextoFijo(m_zonaCuadro);
@@ -511,22 +570,75 @@ void frmBase::construirLienzo()
     situarLienzo();
 }
 
+QString frmBase::rutaVista() const
+{
+    return fs::inProgramDir(m_mb, VistaVentana::nombreArchivo());
+}
+
+void frmBase::fijarZoom(double factor)
+{
+    m_vista.ajustada = false;
+    m_mnuAjustar->setChecked(false);
+    m_cuadro->setZoom(factor);
+    aplicarZoom();
+}
+
+void frmBase::fijarAjustada(bool ajustada)
+{
+    m_vista.ajustada = ajustada;
+    m_mnuAjustar->setChecked(ajustada);
+    aplicarZoom();
+}
+
+void frmBase::aplicarZoom()
+{
+    situarLienzo();
+    // The scroll area takes a larger surface: a zoom does not grow the window.
+    if (m_ajustado)
+        m_deseado = tamanoDeseado();
+    m_vista.zoom = m_cuadro->zoom();
+}
+
+void frmBase::zoomAjustado()
+{
+    // The room right of the boxes and below the label line, less the
+    // rulers and the fixed texts.
+    const QSize vista = m_area->viewport()->size();
+    const double ancho = vista.width() - m_zonaCuadro->x() - px(kReglaMm + 0.5) - px(3);
+    const double alto = vista.height() - px(7.5 + kReglaMm) - px(3) - px(14) - px(2);
+    const Superficie& s = m_editor.superficie;
+    m_cuadro->setZoom(Zoom::ajustar(ancho, alto, s.anchoExterior / 2, s.largoRegla * 0.9));
+}
+
 void frmBase::situarLienzo()
 {
+    if (m_vista.ajustada)
+        zoomAjustado();
     // The surface's side: label line, rulers, surface, the two fixed texts,
     // in window mm from the zone's corner.
     const Superficie& s = m_editor.superficie;
-    const double izquierda = kReglaMm + 0.5;
-    const double arriba = 7.5 + kReglaMm;
+    const double porMm = m_cuadro->pxPorMm();
+    const int izquierda = px(kReglaMm + 0.5);
+    const int arriba = px(7.5 + kReglaMm);
+    const int regla = px(kReglaMm);
     m_cuadro->ajustarTamano();
-    m_cuadro->move(px(izquierda), px(arriba));
-    m_lblNombre->setGeometry(rectMm(izquierda, 0, s.anchoExterior, 7));
-    m_reglaHor->setGeometry(rectMm(izquierda, arriba - kReglaMm, s.anchoExterior, kReglaMm));
-    m_reglaVer->setGeometry(rectMm(0, arriba, kReglaMm, s.largoRegla));
-    const double bajo = arriba + std::max<double>(s.altoExterior, s.largoRegla) + 3;
+    m_cuadro->move(izquierda, arriba);
+    const int anchoCuadro = m_cuadro->width();
+    // The label line and the fixed texts keep their reading width at any zoom.
+    const int anchoTextos = std::max(anchoCuadro, px(s.anchoExterior));
+    m_lblNombre->setGeometry(izquierda, 0, anchoTextos, px(7));
+    m_reglaHor->setGeometry(izquierda, arriba - regla, anchoCuadro, regla);
+    m_reglaHor->setPaso(m_cuadro->pxPorUnidadHor());
+    const int largoRegla = qRound(s.largoRegla * porMm);
+    m_reglaVer->setGeometry(0, arriba, regla, largoRegla);
+    m_reglaVer->setPaso(m_cuadro->pxPorUnidadVer());
+    const int bajo = arriba + std::max(m_cuadro->height(), largoRegla) + px(3);
     for (int i = 0; i < 2; ++i)
-        m_lblTXF[i]->setGeometry(rectMm(izquierda, bajo + i * 7, s.anchoExterior, 6));
-    m_zonaCuadro->setFixedSize(px(izquierda + s.anchoExterior + 1), px(bajo + 14));
+        m_lblTXF[i]->setGeometry(izquierda, bajo + i * px(7), anchoTextos, px(6));
+    m_zonaCuadro->setFixedSize(izquierda + anchoTextos + px(1), bajo + px(14));
+    // The scroll area sizes the content anew, and its scroll bars with it.
+    m_lienzo->layout()->activate();
+    m_lienzo->updateGeometry();
 
     // The palette's visible buttons in the order of their places, down the
     // first column and then the second.
@@ -549,6 +661,52 @@ void frmBase::situarLienzo()
         m_paleta->addWidget(m_CBDisplay[visibles.at(k)], k % filas, k / filas);
 }
 
+QSize frmBase::tamanoDeseado() const
+{
+    // Menu bar, tool bar and status bar above and below the content.
+    const QSize chrome(0, menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() +
+                              statusBar()->sizeHint().height());
+    return m_lienzo->minimumSizeHint() + chrome;
+}
+
+void frmBase::situarRecordada()
+{
+    QScreen* pantalla = screen();
+    if (!pantalla)
+        return;
+    const QRect libre = pantalla->availableGeometry();
+    const QRect marco = frameGeometry();
+    const QSize bordes = marco.size() - size();
+    resize(QSize(m_vista.ancho, m_vista.alto).boundedTo(libre.size() - bordes));
+    traerDentro(libre);
+    if (m_vista.maximizada)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    m_deseado = tamanoDeseado();
+}
+
+bool frmBase::eventFilter(QObject* objeto, QEvent* event)
+{
+    // The name box keeps no undo of its own: its typing is a step of the
+    // label's history, which Ctrl+Z and Ctrl+Y reach from there too.
+    if (objeto == m_TxtNomEtiq && event->type() == QEvent::ShortcutOverride) {
+        const auto* tecla = static_cast<QKeyEvent*>(event);
+        const QKeySequence pulsada(tecla->keyCombination());
+        for (const QAction* a : {m_mnuDeshacer, m_mnuRehacer})
+            if (a->shortcuts().contains(pulsada))
+                return true;
+    }
+    return QMainWindow::eventFilter(objeto, event);
+}
+
+void frmBase::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    if (m_vista.ajustada && m_cuadro) {
+        situarLienzo();
+        m_deseado = tamanoDeseado();
+    }
+}
+
 void frmBase::ajustarAPantalla()
 {
     // As large as the content asks, within the screen's free area less the
@@ -563,10 +721,7 @@ void frmBase::ajustarAPantalla()
                                           frameGeometry().right() - geometry().right(),
                                           frameGeometry().bottom() - geometry().bottom())
                                : QMargins(8, 32, 8, 8);
-    // Menu bar, tool bar and status bar above and below the content.
-    const QSize chrome(0, menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() +
-                              statusBar()->sizeHint().height());
-    const QSize deseado = m_lienzo->minimumSizeHint() + chrome;
+    const QSize deseado = tamanoDeseado();
     const QSize maximo = libre.size().shrunkBy(marco);
     // Later it grows only when the content has grown (new captions, a
     // taller label), and never shrinks under the person.
@@ -577,9 +732,15 @@ void frmBase::ajustarAPantalla()
     if (nuevo == size())
         return;
     resize(nuevo);
+    if (isVisible())
+        traerDentro(libre);
+}
+
+void frmBase::traerDentro(const QRect& libre)
+{
     // Kept inside the free area; where it stands is otherwise the window
     // manager's choice.
-    if (!isVisible() || libre.contains(frameGeometry()))
+    if (libre.contains(frameGeometry()))
         return;
     QRect r = frameGeometry();
     r.moveLeft(std::clamp(r.left(), libre.left(), std::max(libre.left(), libre.right() - r.width() + 1)));
@@ -635,17 +796,80 @@ void frmBase::refresh()
     mostrar();
 }
 
+void frmBase::construirTeclado()
+{
+    // The arrows move the red selection one unit, five with Shift; Delete
+    // takes it off. Without a selection the keys go to the focused widget.
+    struct Tecla {
+        const char* nombre;
+        QKeySequence secuencia;
+        int hor, ver;
+    };
+    const Tecla teclas[] = {
+        {"teclaIzquierda", QKeySequence(Qt::Key_Left), -1, 0},
+        {"teclaDerecha", QKeySequence(Qt::Key_Right), 1, 0},
+        {"teclaArriba", QKeySequence(Qt::Key_Up), 0, -1},
+        {"teclaAbajo", QKeySequence(Qt::Key_Down), 0, 1},
+        {"teclaIzquierda5", QKeySequence(Qt::SHIFT | Qt::Key_Left), -5, 0},
+        {"teclaDerecha5", QKeySequence(Qt::SHIFT | Qt::Key_Right), 5, 0},
+        {"teclaArriba5", QKeySequence(Qt::SHIFT | Qt::Key_Up), 0, -5},
+        {"teclaAbajo5", QKeySequence(Qt::SHIFT | Qt::Key_Down), 0, 5},
+    };
+    for (const Tecla& t : teclas) {
+        auto* a = new QAction(this);
+        a->setObjectName(QString::fromLatin1(t.nombre));
+        a->setShortcut(t.secuencia);
+        connect(a, &QAction::triggered, this,
+                [this, h = t.hor, v = t.ver] { orden([this, h, v] { m_editor.moverSeleccion(h, v); }); });
+        addAction(a);
+        m_teclasSeleccion.append(a);
+    }
+    auto* borrar = new QAction(this);
+    borrar->setObjectName(QStringLiteral("teclaSuprimir"));
+    borrar->setShortcut(QKeySequence(Qt::Key_Delete));
+    connect(borrar, &QAction::triggered, this, [this] { orden([this] { m_editor.borrarSeleccion(); }); });
+    addAction(borrar);
+    m_teclasSeleccion.append(borrar);
+}
+
+void frmBase::mostrarEdicion()
+{
+    const bool seleccion = m_editor.haySeleccion();
+    for (QAction* a : m_teclasSeleccion)
+        a->setEnabled(seleccion);
+    m_mnuDeshacer->setText(m_historial.captionDeshacer());
+    m_mnuDeshacer->setEnabled(m_historial.puedeDeshacer());
+    m_mnuRehacer->setText(m_historial.captionRehacer());
+    m_mnuRehacer->setEnabled(m_historial.puedeRehacer());
+}
+
 void frmBase::mostrar()
 {
+    mostrarEdicion();
     m_mnuEtiquetaPeso->setChecked(m_editor.mnuEtiquetaPesoChecked);
     m_mnuFondoParrilla->setChecked(m_editor.fondo.parrilla);
     m_lblNombre->setText(m_files.controles.lblNombre);
 
+    // The palette's shown buttons take the letters the menu bar leaves.
+    QString ocupadas;
+    for (const QAction* a : menuBar()->actions())
+        if (const QChar c = letraMnemonico(a->text()); !c.isNull())
+            ocupadas += c;
+    QStringList captions;
+    QList<int> visibles;
     for (int i = 0; i <= 15; ++i) {
         const BotonCBDisplay& b = m_editor.CBDisplay(i);
-        m_CBDisplay[i]->setText(b.caption);
         m_CBDisplay[i]->setVisible(b.visible);
+        if (b.visible) {
+            captions.append(b.caption);
+            visibles.append(i);
+        } else {
+            m_CBDisplay[i]->setText(b.caption);
+        }
     }
+    captions = conMnemonicos(captions, ocupadas);
+    for (int k = 0; k < visibles.size(); ++k)
+        m_CBDisplay[visibles.at(k)]->setText(captions.at(k));
     for (int i = 0; i < 2; ++i) {
         const ::EtiquetaTXF& l = m_editor.superficie.lblTXF(i + 1);
         m_lblTXF[i]->setText(l.caption);
@@ -793,7 +1017,10 @@ void frmBase::showEvent(QShowEvent* event)
     QMainWindow::showEvent(event);
     // Once on the screen it is shown on, with its frame known.
     if (!m_ajustado) {
-        ajustarAPantalla();
+        if (m_vista.ancho > 0)
+            situarRecordada();
+        else
+            ajustarAPantalla();
         m_ajustado = true;
     }
 }
@@ -805,5 +1032,13 @@ void frmBase::closeEvent(QCloseEvent* event)
         return;
     }
     event->accept();
+    // The size to come back to is the one before a maximising. A file that
+    // cannot be written leaves the next run at the defaults.
+    const QSize normal = isMaximized() ? normalGeometry().size() : size();
+    m_vista.ancho = normal.width();
+    m_vista.alto = normal.height();
+    m_vista.maximizada = isMaximized();
+    m_vista.zoom = m_cuadro->zoom();
+    m_vista.guardar(rutaVista());
     emit cerrado();
 }

@@ -2,6 +2,8 @@
 
 #include "EditorEtiqueta.h"
 #include "FileCommands.h"
+#include "Historial.h"
+#include "Vista.h"
 #include "UserInteraction.h"
 
 #include "Picture.h"
@@ -80,6 +82,7 @@ public:
 
     FileCommands& archivos() { return m_files; }
     EditorEtiqueta& editor() { return m_editor; }
+    Historial& historial() { return m_historial; }
     Cuadro* cuadro() const { return m_cuadro; }
     const Picture& fondo() const { return m_fondo; }
     // Opens the about box (the splash without its timer).
@@ -87,12 +90,22 @@ public:
 
     QAction* menuIdioma(int idioma) const;
 
+    // The surface's zoom, a factor of its true size; `ajustada` makes it
+    // follow the window's room.
+    void fijarZoom(double factor);
+    void fijarAjustada(bool ajustada);
+    const VistaVentana& vista() const { return m_vista; }
+    // Where the window's size and zoom are kept between runs.
+    QString rutaVista() const;
+
 signals:
     void cerrado();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* objeto, QEvent* event) override;
 
 private:
     struct Entrada {
@@ -110,8 +123,19 @@ private:
     // rewritten and no box is moved to its record.
     void mostrar();
     void mostrarEstado();
+    // The undo and redo entries (what they would bring back, and whether)
+    // and the keys that work on the selection.
+    void mostrarEdicion();
+    void construirTeclado();
     // The window's size: its content's, within the screen's free area.
     void ajustarAPantalla();
+    QSize tamanoDeseado() const;
+    // The remembered size, within the screen's free area and inside it.
+    void situarRecordada();
+    void traerDentro(const QRect& libre);
+    // The zoom at which the surface fills the room the window gives it.
+    void zoomAjustado();
+    void aplicarZoom();
     void nombresAccesibles();
     // Runs a command, then shows what it left.
     void orden(const std::function<void()>& f);
@@ -124,6 +148,7 @@ private:
     Picture m_fondo;
     FileCommands m_files;
     EditorEtiqueta m_editor;
+    Historial m_historial;
     std::function<void()> m_acerca;
     // A dialog of the label was shown during the command that runs.
     bool m_dialogoCerrado = false;
@@ -133,6 +158,11 @@ private:
     QActionGroup* m_idiomas = nullptr;
     QAction* m_mnuEtiquetaPeso = nullptr;
     QAction* m_mnuFondoParrilla = nullptr;
+    QAction* m_mnuDeshacer = nullptr;
+    QAction* m_mnuRehacer = nullptr;
+    QList<QAction*> m_teclasSeleccion;
+    QAction* m_mnuAjustar = nullptr;
+    VistaVentana m_vista;
 
     QMenu* m_mnuVisualiza = nullptr;
     QMenu* m_mnuDESC = nullptr;
