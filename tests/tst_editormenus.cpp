@@ -650,46 +650,49 @@ void TestEditorMenus::deshacer()
 {
     QFETCH(Orden, orden);
     QFETCH(int, clase);
-    EditorEnv env;
-    env.poner(12, 10, 20);
-    env.poner(13, 20, 30, "0", true);
-    env.poner(14, 30, 30, "0", true);
-    env.mb.TextoFijo(0) = "OFERTA";
-    Historial h(env.mb, env.files, env.view);
-    const EstadoEtiqueta antes = EstadoEtiqueta::de(env.mb, env.files);
-    QVERIFY(!h.puedeDeshacer());
-    QCOMPARE(h.captionDeshacer(), QStringLiteral("&Deshacer"));
+    // In both models: the old one has fewer fields, texts and label numbers.
+    for (const int modelo : {1, 0}) {
+        EditorEnv env(modelo);
+        env.poner(12, 10, 20);
+        env.poner(13, 20, 30, "0", true);
+        env.poner(14, 30, 30, "0", true);
+        env.mb.TextoFijo(0) = "OFERTA";
+        Historial h(env.mb, env.files, env.view);
+        const EstadoEtiqueta antes = EstadoEtiqueta::de(env.mb, env.files);
+        QVERIFY(!h.puedeDeshacer());
+        QCOMPARE(h.captionDeshacer(), QStringLiteral("&Deshacer"));
 
-    h.orden([&] { orden(env); });
-    const EstadoEtiqueta despues = EstadoEtiqueta::de(env.mb, env.files);
-    QVERIFY(!despues.mismaEtiqueta(antes));
-    QCOMPARE(h.captionDeshacer(), QStringLiteral("&Deshacer ") + env.mb.Textos(clase));
+        h.orden([&] { orden(env); });
+        const EstadoEtiqueta despues = EstadoEtiqueta::de(env.mb, env.files);
+        QVERIFY(!despues.mismaEtiqueta(antes));
+        QCOMPARE(h.captionDeshacer(), QStringLiteral("&Deshacer ") + env.mb.Textos(clase));
 
-    env.ui.log.clear();
-    h.deshacer();
-    const EstadoEtiqueta deshecho = EstadoEtiqueta::de(env.mb, env.files);
-    QVERIFY(deshecho.mismaEtiqueta(antes));
-    for (int n = 1; n <= 36; ++n)
-        QCOMPARE(env.mb.Campos(n), antes.Campos(n));
-    QCOMPARE(env.mb.AnchoEtiqueta, antes.AnchoEtiqueta);
-    QCOMPARE(env.files.controles.VSVer, antes.controles.VSVer);
-    QCOMPARE(env.editor.superficie.Imagen(12).left(), 10.0);
-    QVERIFY(env.editor.superficie.Imagen(12).visible);
-    QVERIFY(env.ui.log.contains(QStringLiteral("repaint")));
-    QVERIFY(!env.mb.Modificado);
-    QVERIFY(!h.puedeDeshacer());
-    QCOMPARE(h.captionRehacer(), QStringLiteral("&Rehacer ") + env.mb.Textos(clase));
+        env.ui.log.clear();
+        h.deshacer();
+        const EstadoEtiqueta deshecho = EstadoEtiqueta::de(env.mb, env.files);
+        QVERIFY(deshecho.mismaEtiqueta(antes));
+        for (int n = 1; n <= env.mb.camposModelo(); ++n)
+            QCOMPARE(env.mb.Campos(n), antes.Campos(n));
+        QCOMPARE(env.mb.AnchoEtiqueta, antes.AnchoEtiqueta);
+        QCOMPARE(env.files.controles.VSVer, antes.controles.VSVer);
+        QCOMPARE(env.editor.superficie.Imagen(12).left(), 10.0);
+        QVERIFY(env.editor.superficie.Imagen(12).visible);
+        QVERIFY(env.ui.log.contains(QStringLiteral("repaint")));
+        QVERIFY(!env.mb.Modificado);
+        QVERIFY(!h.puedeDeshacer());
+        QCOMPARE(h.captionRehacer(), QStringLiteral("&Rehacer ") + env.mb.Textos(clase));
 
-    h.rehacer();
-    for (int n = 1; n <= 36; ++n)
-        QCOMPARE(env.mb.Campos(n), despues.Campos(n));
-    QVERIFY(EstadoEtiqueta::de(env.mb, env.files).mismaEtiqueta(despues));
-    QVERIFY(env.mb.Modificado);
-    QVERIFY(!h.puedeRehacer());
-    // A new command after an undo drops what could be redone.
-    h.deshacer();
-    h.orden([&] { env.editor.cambioVSVer(50); });
-    QVERIFY(!h.puedeRehacer());
+        h.rehacer();
+        for (int n = 1; n <= env.mb.camposModelo(); ++n)
+            QCOMPARE(env.mb.Campos(n), despues.Campos(n));
+        QVERIFY(EstadoEtiqueta::de(env.mb, env.files).mismaEtiqueta(despues));
+        QVERIFY(env.mb.Modificado);
+        QVERIFY(!h.puedeRehacer());
+        // A new command after an undo drops what could be redone.
+        h.deshacer();
+        h.orden([&] { env.editor.cambioVSVer(50); });
+        QVERIFY(!h.puedeRehacer());
+    }
 }
 
 // A different label in hand starts the history afresh.
