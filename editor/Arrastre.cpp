@@ -346,7 +346,9 @@ void EditorEtiqueta::moverSeleccion(int hor, int ver)
         B = std::max(B, double(c.top() + c.height()));
     }
     const double fondo = superficie.altoExterior * 9 / 10;
-    // As far as the limits let the step go, never backwards.
+    // As far as the limits let the step go. A box that stands outside them
+    // (the palette puts new fields at the top left corner) moves towards
+    // them freely, never further out.
     const auto paso = [](int d, double bajo, double alto) {
         if (d < 0)
             return std::min(0, std::max(d, static_cast<int>(std::ceil(bajo))));
@@ -356,8 +358,9 @@ void EditorEtiqueta::moverSeleccion(int hor, int ver)
     const int dy = paso(ver, 8 - T, fondo - B);
     if (dx == 0 && dy == 0)
         return;
+    const Rect antes{redondear(L), redondear(T), redondear(R), redondear(B)};
     const Rect r{redondear(L + dx), redondear(T + dy), redondear(R + dx), redondear(B + dy)};
-    if (!dentroDeLimites(r, fondo))
+    if (dentroDeLimites(antes, fondo) && !dentroDeLimites(r, fondo))
         return;
     for (int i = 1; i <= camposModelo(); ++i) {
         Campo& c = m_mb.Campos(i);

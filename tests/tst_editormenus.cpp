@@ -760,6 +760,10 @@ void TestEditorMenus::teclasSeleccion_data()
     QTest::newRow("right, at the right limit") << 1 << 0 << QList<int>{10, 20, 42, 30} << QList<int>{10, 20, 42, 30};
     QTest::newRow("five down, cut at the bottom")
         << 0 << 5 << QList<int>{10, 20, 20, 38} << QList<int>{10, 23, 20, 41};
+    // Where the palette puts new fields, outside the limits: towards them, never further out.
+    QTest::newRow("from the corner, right") << 1 << 0 << QList<int>{0, 0, 0, 4} << QList<int>{1, 0, 1, 4};
+    QTest::newRow("from the corner, down") << 0 << 5 << QList<int>{0, 0, 0, 4} << QList<int>{0, 5, 0, 9};
+    QTest::newRow("from the corner, left") << -1 << 0 << QList<int>{0, 0, 0, 4} << QList<int>{0, 0, 0, 4};
 }
 
 void TestEditorMenus::teclasSeleccion()
