@@ -8,6 +8,7 @@
 #include "Historial.h"
 #include "ModBase.h"
 #include "Picture.h"
+#include "SinVentana.h"
 
 #include <QApplication>
 #include <QImage>
@@ -15,24 +16,6 @@
 #include <benchmark/benchmark.h>
 
 namespace {
-
-class SinVentana : public BaseView, public EditorView {
-public:
-    void refresh() override {}
-    void mostrarCargaTXL() override {}
-    void repintarCuadro() override {}
-    void repintarVentana() override {}
-    void mostrarTXL() override {}
-    void mostrarDES() override {}
-    void mostrarBorrar() override {}
-    void mostrarTXF(int) override {}
-    void abrirMenu(MenuEmergente) override {}
-};
-
-class SinFondo : public CargadorFondo {
-public:
-    bool cargar(const QString&) override { return true; }
-};
 
 struct Superficie36 {
     ModBase mb;
