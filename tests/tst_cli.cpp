@@ -298,6 +298,7 @@ private slots:
         QTest::newRow("missing file") << QStringList{"show", "nothing.pse"} << 2;
         QTest::newRow("export without -o") << QStringList{"export", "SET"} << 2;
         QTest::newRow("language out of range") << QStringList{"--language", "9", "show", "SET"} << 2;
+        QTest::newRow("the last language, Polish") << QStringList{"--language", "8", "show", "SET"} << 0;
     }
 
     void errores()
@@ -312,7 +313,8 @@ private slots:
         args.replaceInStrings("LABEL", e.dir.file("label.pde"));
         const Run r = cli(e, args);
         QCOMPARE(r.code, code);
-        QVERIFY(!r.err.isEmpty());
+        if (code != 0)
+            QVERIFY(!r.err.isEmpty());
     }
 
     void comprobar_data()
@@ -325,7 +327,7 @@ private slots:
         QTest::newRow("a 4-character position text") << "shifted" << 1 << QStringList{"43:15"};
         QTest::newRow("kind and width") << "kind" << 1 << QStringList{"18:3", "18:5"};
         QTest::newRow("a new set read in the old model") << "set" << 0 << QStringList{"0:0"};
-        QTest::newRow("a label of number 1 in the new model") << "number" << 1 << QStringList{"16:4"};
+        QTest::newRow("a label of number 2 in the new model") << "number" << 1 << QStringList{"16:4"};
         QTest::newRow("a short label file") << "short" << 1 << QStringList{"0:0"};
         // Saving packing label 2 writes free text rows over the block of label 1.
         QTest::newRow("an old set after a save of another label") << "overwritten" << 0 << QStringList{"8:3"};
@@ -355,7 +357,7 @@ private slots:
         if (archivo == "label" || archivo == "number" || archivo == "short") {
             esConjunto = false;
             if (archivo == "number")
-                label[15][3] = '1';
+                label[15][3] = '2'; // the new model's numbers start at 3
             if (archivo == "short")
                 label.removeLast();
             bytes = joinLines(label);
