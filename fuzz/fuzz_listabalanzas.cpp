@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         if (b.nombre.isEmpty() || nombres.contains(b.nombre.toLower()) || b.linea < 2)
             __builtin_trap();
         nombres.insert(b.nombre.toLower());
-        if (!crearPuerto(QString(), b.puerto))
+        if (!nombrePuertoValido(b.puerto))
             __builtin_trap();
         const AjustesLinea& a = b.ajustes;
         if ((a.baudios != 2400 && a.baudios != 4800 && a.baudios != 9600 && a.baudios != 19200) ||

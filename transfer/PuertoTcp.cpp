@@ -188,8 +188,16 @@ QString nombreDeCom(const QString& programDir, int numero)
     return dispositivo;
 }
 
+bool nombrePuertoValido(const QString& nombre)
+{
+    return direccionTcp(nombre) ||
+           !(nombre.isEmpty() || nombre.startsWith(QStringLiteral("tcp:"), Qt::CaseInsensitive));
+}
+
 std::unique_ptr<PuertoSerie> crearPuerto(const QString& programDir, const QString& nombre)
 {
+    if (!nombrePuertoValido(nombre))
+        return nullptr;
     if (direccionTcp(nombre))
         return std::make_unique<PuertoTcp>(nombre);
     static const QRegularExpression com(QStringLiteral("^COM([1-9])$"),
@@ -204,8 +212,6 @@ std::unique_ptr<PuertoSerie> crearPuerto(const QString& programDir, const QStrin
         serie->setDevice(destino);
         return serie;
     }
-    if (nombre.isEmpty() || nombre.startsWith(QStringLiteral("tcp:"), Qt::CaseInsensitive))
-        return nullptr;
     auto serie = std::make_unique<PuertoSerieQt>(programDir);
     serie->setDevice(nombre);
     return serie;

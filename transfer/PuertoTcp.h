@@ -55,6 +55,8 @@ bool direccionTcp(const QString& nombre, QString* host = nullptr, quint16* puert
 // entry may name a network address, see nombreDeCom) or a device path.
 // Null when the name is none of these.
 std::unique_ptr<PuertoSerie> crearPuerto(const QString& programDir, const QString& nombre);
+// Whether crearPuerto gives a port for the name, without making one.
+bool nombrePuertoValido(const QString& nombre);
 
 // What COMn of a program folder reaches: the network address that its
 // dosdevices/comN names (a link whose target is the text "tcp://HOST:PORT",
