@@ -21,6 +21,8 @@ const QStringList kColumnas = {QStringLiteral("name"), QStringLiteral("port"),
                                QStringLiteral("parity"), QStringLiteral("data"),
                                QStringLiteral("stop")};
 
+constexpr int kMaxErrores = 20;
+
 bool puertoValido(const QString& puerto)
 {
     static const QRegularExpression com(QStringLiteral("^COM[1-4]$"),
@@ -65,6 +67,12 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
         if (linea.isEmpty())
             continue;
         const int n = i + 1;
+        // A person fixes the first mistakes first; a file that is no list
+        // at all is not told line by line to its end.
+        if (errores.size() >= kMaxErrores) {
+            errores.append(QStringLiteral("line %1: reading stopped after %2 mistakes").arg(n).arg(kMaxErrores));
+            return {};
+        }
         QStringList campos = linea.split(',');
         for (QString& c : campos)
             c = c.trimmed();

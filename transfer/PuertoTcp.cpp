@@ -27,7 +27,10 @@ bool direccionTcp(const QString& nombre, QString* host, quint16* puerto)
 {
     static const QRegularExpression forma(QStringLiteral("^tcp://([^/:\\s]+|\\[[0-9A-Fa-f:.]+\\]):([0-9]{1,5})$"),
                                           QRegularExpression::CaseInsensitiveOption);
-    const auto m = forma.match(nombre.trimmed());
+    const QString limpio = nombre.trimmed();
+    if (!limpio.startsWith(QLatin1String("tcp://"), Qt::CaseInsensitive))
+        return false; // the common case, without the expression's cost
+    const auto m = forma.match(limpio);
     if (!m.hasMatch())
         return false;
     const int n = m.captured(2).toInt();
