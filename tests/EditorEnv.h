@@ -21,32 +21,12 @@ public:
     EditorEtiqueta* editor = nullptr;
     std::function<void()> frmTXL, frmDES;
 
-    void refresh() override
-    {
-        m_log.append(QStringLiteral("refresh"));
-        if (editor)
-            editor->repintar();
-    }
+    void refresh() override { repintar("refresh"); }
+    void repintarVentana() override { repintar("repaint"); }
     void mostrarCargaTXL() override { m_log.append(QStringLiteral("frmCargaTXL")); }
     void repintarCuadro() override { m_log.append(QStringLiteral("Cuadro")); }
-    void repintarVentana() override
-    {
-        m_log.append(QStringLiteral("repaint"));
-        if (editor)
-            editor->repintar();
-    }
-    void mostrarTXL() override
-    {
-        m_log.append(QStringLiteral("frmTXL"));
-        if (frmTXL)
-            frmTXL();
-    }
-    void mostrarDES() override
-    {
-        m_log.append(QStringLiteral("frmDES"));
-        if (frmDES)
-            frmDES();
-    }
+    void mostrarTXL() override { abrir("frmTXL", frmTXL); }
+    void mostrarDES() override { abrir("frmDES", frmDES); }
     void mostrarBorrar() override { m_log.append(QStringLiteral("frmBorrar")); }
     void mostrarTXF(int n) override { m_log.append(QStringLiteral("frmTXF %1").arg(n)); }
     void abrirMenu(MenuEmergente menu) override
@@ -56,6 +36,19 @@ public:
     }
 
 private:
+    void repintar(const char* que)
+    {
+        m_log.append(QLatin1String(que));
+        if (editor)
+            editor->repintar();
+    }
+    void abrir(const char* dialogo, const std::function<void()>& efecto)
+    {
+        m_log.append(QLatin1String(dialogo));
+        if (efecto)
+            efecto();
+    }
+
     QStringList& m_log;
 };
 
