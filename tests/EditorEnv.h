@@ -8,6 +8,7 @@
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
 
+#include <QPoint>
 #include <QSet>
 #include <QStringList>
 #include <functional>
@@ -111,4 +112,6 @@ struct EditorEnv {
         c.Seleccionado = seleccionado;
         editor.MostrarCampo(n);
     }
+
+    QPoint en(int n) const { return {mb.Campos(n).PosHor, mb.Campos(n).PosVer}; }
 };

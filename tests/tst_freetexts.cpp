@@ -49,18 +49,18 @@ private slots:
         QTest::addColumn<int>("modelo");
         QTest::addColumn<int>("cargaTXL");
         QTest::addColumn<QByteArray>("archivo"); // empty: no file
-        QTest::addColumn<QList<QByteArray>>("textos");
-        QTest::newRow("box off: nothing read") << 1 << 0 << QByteArray("9:00UNO\r\n") << QList<QByteArray>{};
-        QTest::newRow("box on, no file") << 1 << 1 << QByteArray() << QList<QByteArray>{};
-        QTest::newRow("new file in the new model") << 1 << 1 << QByteArray("9:00UNO\r\n9:01DOS\r\n")
-                                                   << QList<QByteArray>{"UNO", "DOS"};
+        QTest::addColumn<QByteArrayList>("textos");
+        const auto fila = [](const char* nombre, int modelo, int carga, const char* archivo,
+                             QByteArrayList textos) {
+            QTest::newRow(nombre) << modelo << carga << QByteArray(archivo) << textos;
+        };
+        fila("box off: nothing read", 1, 0, "9:00UNO\r\n", {});
+        fila("box on, no file", 1, 1, "", {});
+        fila("new file in the new model", 1, 1, "9:00UNO\r\n9:01DOS\r\n", {"UNO", "DOS"});
         // Another model's file shifts the texts by the prefix's width.
-        QTest::newRow("old file in the new model") << 1 << 1 << QByteArray("9:0UNO\r\n")
-                                                   << QList<QByteArray>{"NO"};
-        QTest::newRow("new file in the old model") << 0 << 1 << QByteArray("9:00UNO\r\n")
-                                                   << QList<QByteArray>{"0UNO"};
-        QTest::newRow("a short row") << 1 << 1 << QByteArray("9:0\r\n9:01X\r\n")
-                                     << QList<QByteArray>{"", "X"};
+        fila("old file in the new model", 1, 1, "9:0UNO\r\n", {"NO"});
+        fila("new file in the old model", 0, 1, "9:00UNO\r\n", {"0UNO"});
+        fila("a short row", 1, 1, "9:0\r\n9:01X\r\n", {"", "X"});
     }
 
     // The OK of the free text load dialog makes a fresh label.
@@ -69,7 +69,7 @@ private slots:
         QFETCH(int, modelo);
         QFETCH(int, cargaTXL);
         QFETCH(QByteArray, archivo);
-        QFETCH(QList<QByteArray>, textos);
+        QFETCH(QByteArrayList, textos);
         LabelEnv e(modelo);
         if (!archivo.isEmpty())
             e.dir.write("freetxl.sft", archivo);
@@ -86,11 +86,10 @@ private slots:
         for (int i = 0; i < 15; ++i)
             QCOMPARE(mb.TextoLibre(i), textos.value(i));
         QVERIFY(!mb.Modificado && !mb.ArchivoConocido);
-        QCOMPARE(mb.NumEtiqueta, modelo ? QByteArray("3") : QByteArray("1"));
-        QCOMPARE(mb.AnchoEtiqueta, QByteArray("45"));
-        QCOMPARE(mb.NombreEtiqueta, QByteArray());
-        QCOMPARE(mb.TipoEtiqueta, QByteArray("T")); // the kind is not the dialog's
-        QCOMPARE(mb.Campos(36).Presente, QByteArray("0"));
+        // A fresh label of the model, but the kind is not the dialog's.
+        const QByteArrayList cabecera{mb.NumEtiqueta, mb.AnchoEtiqueta, mb.NombreEtiqueta,
+                                      mb.TipoEtiqueta, mb.Campos(36).Presente};
+        QCOMPARE(cabecera, (QByteArrayList{modelo ? "3" : "1", "45", "", "T", "0"}));
     }
 
     void dieciseisFilas()
