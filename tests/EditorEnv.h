@@ -8,10 +8,10 @@
 #include "ProgramDir.h"
 #include "ScriptedInteraction.h"
 
+#include <functional>
 #include <QPoint>
 #include <QSet>
 #include <QStringList>
-#include <functional>
 
 // The main window as the editor sees it: the refresh runs the surface's
 // repaint, as the window's does; repaints, dialogs and menus go to the log,

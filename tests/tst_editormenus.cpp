@@ -132,12 +132,11 @@ private slots:
     void menus_data()
     {
         QTest::addColumn<CasoMenus>("c");
-        QTest::newRow("V new") << CasoMenus{"V", 1, "11001111101111", "10000000001000", true,
-                                            "1111001111101111", 132.0};
-        QTest::newRow("T new") << CasoMenus{"T", 1, "11111111110011", "10100000010000", true,
-                                            "1111111111110011", 132.0};
-        QTest::newRow("T old") << CasoMenus{"T", 0, "11111111110011", "10100000010000", false,
-                                            "1111111111110001", 130.2};
+        const auto fila = [](const char* nombre, CasoMenus c) { QTest::newRow(nombre) << c; };
+        fila("V new", {"V", 1, "11001111101111", "10000000001000", true, "1111001111101111", 132});
+        fila("T new", {"T", 1, "11111111110011", "10100000010000", true, "1111111111110011", 132});
+        fila("T old",
+             {"T", 0, "11111111110011", "10100000010000", false, "1111111111110001", 130.2});
     }
 
     void menus()
@@ -152,7 +151,8 @@ private slots:
         EditorEtiqueta& e = env.editor;
         QCOMPARE(mascara([&](int k) { return e.mnuVisual(k).enabled; }, 14), c.visualHabilitado);
         QCOMPARE(mascara([&](int k) { return e.mnuVisual(k).checked; }, 14), c.visualMarcado);
-        QCOMPARE(mascara([&](int k) { return e.mnuDES(k).checked; }, 10), QStringLiteral("0010000000"));
+        QCOMPARE(mascara([&](int k) { return e.mnuDES(k).checked; }, 10),
+                 QStringLiteral("0010000000"));
         QCOMPARE(e.mnuVisual(12).visible, c.loteVisible);
         QCOMPARE(mascara([&](int i) { return e.CBDisplay(i).visible; }, 16), c.paleta);
         QCOMPARE(e.CBDisplay(15).top, c.topBorrar);
@@ -164,11 +164,15 @@ private slots:
         QTest::addColumn<QByteArray>("tamano");
         QTest::addColumn<QString>("habilitado");
         QTest::addColumn<QString>("marcado");
-        QTest::newRow("descriptive") << 1 << QByteArray("2") << "11111" << "00100";
-        QTest::newRow("bar code") << 16 << QByteArray("0") << "10001" << "10000";
-        QTest::newRow("second currency") << 15 << QByteArray("1") << "11001" << "01000";
-        QTest::newRow("label total") << 20 << QByteArray("0") << "11001" << "10000";
-        QTest::newRow("an odd code") << 12 << QByteArray("7") << "11111" << "00000";
+        const auto fila = [](const char* nombre, int campo, const char* tamano, const char* hab,
+                             const char* marc) {
+            QTest::newRow(nombre) << campo << QByteArray(tamano) << QString(hab) << QString(marc);
+        };
+        fila("descriptive", 1, "2", "11111", "00100");
+        fila("bar code", 16, "0", "10001", "10000");
+        fila("second currency", 15, "1", "11001", "01000");
+        fila("label total", 20, "0", "11001", "10000");
+        fila("an odd code", 12, "7", "11111", "00000");
     }
 
     void menuDerecho()
@@ -244,12 +248,6 @@ private slots:
         QCOMPARE(env.ui.log.filter(QStringLiteral("frmBorrar")).size(), 1);
         QCOMPARE(env.ui.log.last(), QStringLiteral("refresh"));
     }
-
-
-
-
-
-
 
     // Item 1 waits at the origin; the dialog, free texts (0) or descriptive
     // lines (1), puts items 2 and 3 on and marks them pending, and item 1 if
@@ -388,7 +386,8 @@ private slots:
         QCOMPARE(caption(2), QString(24, QLatin1Char(' ')));
     }
 
-    void pesoAproximado()
+    // The weight's companion line and the bands: neither is the label's.
+    void pesoAproximadoYBandas()
     {
         EditorEnv env;
         env.editor.clicMnuEtiquetaPeso(); // no weight on the label
@@ -405,12 +404,8 @@ private slots:
         env.editor.clicMnuEtiquetaPeso();
         QVERIFY(!companero.visible);
         QVERIFY(!env.mb.PesoAproximado);
-        QVERIFY(!env.mb.Modificado);
-    }
 
-    void bandas()
-    {
-        EditorEnv env;
+        // The bands, on a label 60 long.
         env.editor.cambioVSVer(60);
         env.mb.Modificado = false;
         env.mb.Sombreado = 0;
@@ -522,29 +517,29 @@ private slots:
     {
         QTest::addColumn<Orden>("orden");
         QTest::addColumn<int>("clase");
-        const auto fila = [](const char* nombre, Orden orden, int clase) {
+        const auto fila = [](const char* nombre, int clase, Orden orden) {
             QTest::newRow(nombre) << orden << clase;
         };
-        fila("a field dragged", [](EditorEnv& e) {
+        fila("a field dragged", 2202, [](EditorEnv& e) {
             e.editor.pulsar(12, BotonRaton::Izquierdo, 10, 20);
             e.editor.soltarEn(true, -1, 30, 35, false);
-        }, 2202);
-        fila("placed from the palette", [](EditorEnv& e) { e.editor.pulsarCBDisplay(2); }, 2203);
-        fila("sized from its menu", [](EditorEnv& e) {
+        });
+        fila("placed from the palette", 2203, [](EditorEnv& e) { e.editor.pulsarCBDisplay(2); });
+        fila("sized from its menu", 2205, [](EditorEnv& e) {
             e.editor.pulsarCampo(12, BotonRaton::Derecho, 0, 0);
             e.editor.clicMnuDer(1);
-        }, 2205);
-        fila("the Delete key", [](EditorEnv& e) { e.editor.borrarSeleccion(); }, 2204);
-        fila("the name box", [](EditorEnv& e) {
+        });
+        fila("the Delete key", 2204, [](EditorEnv& e) { e.editor.borrarSeleccion(); });
+        fila("the name box", 2206, [](EditorEnv& e) {
             e.files.cambioNombre(QStringLiteral("QU"));
             e.files.cambioNombre(QStringLiteral("QUESO"));
-        }, 2206);
-        fila("the width", [](EditorEnv& e) { e.editor.cambioVSVer(60); }, 2207);
-        fila("a fixed text cleared", [](EditorEnv& e) {
+        });
+        fila("the width", 2207, [](EditorEnv& e) { e.editor.cambioVSVer(60); });
+        fila("a fixed text cleared", 2208, [](EditorEnv& e) {
             e.editor.pulsarTXF(1, BotonRaton::Derecho);
             e.editor.clicMnuDerTXFborrar();
-        }, 2208);
-        fila("a preset", [](EditorEnv& e) { e.editor.Cargar60(); }, 2209);
+        });
+        fila("a preset", 2209, [](EditorEnv& e) { e.editor.Cargar60(); });
     }
 
     void deshacer()

@@ -127,7 +127,8 @@ private slots:
         const ItemVista& aprox = e.ImagenVista(0);
         QCOMPARE(aprox.Visible, top > 0);
         if (aprox.Visible)
-            QCOMPARE(QRectF(aprox.Left, aprox.Top, aprox.Width, aprox.Height), QRectF(7, top, 27, 4));
+            QCOMPARE(QRectF(aprox.Left, aprox.Top, aprox.Width, aprox.Height),
+                     QRectF(7, top, 27, 4));
     }
 
     // The exact single of the table's example, not a rounded look-alike.
