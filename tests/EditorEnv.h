@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Catalogo.h"
 #include "CatalogoCampos.h"
 #include "EditorEtiqueta.h"
 #include "FileCommands.h"
@@ -87,10 +86,7 @@ struct EditorEnv {
 
     explicit EditorEnv(int modelo = 1)
     {
-        dir.copyBuiltCatalogue();
-        dir.attach(mb);
-        mb.Idioma = 1;
-        CargarTextos(mb, 1);
+        dir.prepare(mb);
         mb.ModeloNuevo = static_cast<int16_t>(modelo);
         files.controles.VSEtiqMin = modelo ? 3 : 1;
         files.IniciaLineas();

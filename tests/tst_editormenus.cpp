@@ -21,7 +21,7 @@ QString mascara(const std::function<bool(int)>& bit, int n)
 // Where a preset 45 or 60 long puts field `campo`, its position texts and
 // size code.
 struct CasoPreset {
-    int ancho, campo;
+    int ancho, modelo, campo;
     QPoint pos;
     QByteArrayList textos;
 };
@@ -55,18 +55,21 @@ private slots:
     {
         QTest::addColumn<CasoPreset>("p");
         // A plain field, and each field a preset puts at size 1.
-        QTest::newRow("60 field 1") << CasoPreset{60, 1, {6, 18}, {"022", "072", "0"}};
-        QTest::newRow("60 field 14") << CasoPreset{60, 14, {39, 36}, {"140", "130", "1"}};
-        QTest::newRow("45 field 14") << CasoPreset{45, 14, {39, 27}, {"140", "076", "1"}};
-        QTest::newRow("45 field 18") << CasoPreset{45, 18, {40, 42}, {"144", "108", "0"}};
-        QTest::newRow("45 field 1") << CasoPreset{45, 1, {6, 14}, {"022", "029", "1"}};
+        QTest::newRow("60 field 1") << CasoPreset{60, 1, 1, {6, 18}, {"022", "072", "0"}};
+        QTest::newRow("60 field 14") << CasoPreset{60, 1, 14, {39, 36}, {"140", "130", "1"}};
+        QTest::newRow("45 field 14") << CasoPreset{45, 1, 14, {39, 27}, {"140", "076", "1"}};
+        QTest::newRow("45 field 18") << CasoPreset{45, 1, 18, {40, 42}, {"144", "108", "0"}};
+        QTest::newRow("45 field 1") << CasoPreset{45, 1, 1, {6, 14}, {"022", "029", "1"}};
+        // The old model keeps field 30, which it does not have, as it was.
+        QTest::newRow("45 old field 13") << CasoPreset{45, 0, 13, {22, 27}, {"079", "076", "0"}};
     }
 
     void presets()
     {
         QFETCH(CasoPreset, p);
-        EditorEnv env;
+        EditorEnv env(p.modelo);
         env.poner(5, 20, 20, "0", true);
+        env.mb.Campos(30).Presente = "1";
         env.mb.NombreEtiqueta = "QUESO";
         env.mb.ArchivoActual = "/algo.pse";
         p.ancho == 60 ? env.editor.Cargar60() : env.editor.Cargar45();
@@ -79,6 +82,7 @@ private slots:
         for (int n = 1; n <= 36; ++n)
             QVERIFY(!env.mb.Campos(n).Seleccionado);
         QCOMPARE(env.mb.Campos(5).Presente, QByteArray("0"));
+        QCOMPARE(env.mb.Campos(30).Presente, p.modelo ? QByteArray("0") : QByteArray("1"));
         QCOMPARE(env.mb.AnchoEtiqueta, QByteArray::number(p.ancho));
         QCOMPARE(env.files.controles.VSVer, p.ancho);
         QCOMPARE(env.editor.superficie.altoEscala, double(p.ancho));
@@ -115,17 +119,6 @@ private slots:
         QCOMPARE(env.mb.AnchoEtiqueta, carga ? QByteArray("60") : QByteArray("45"));
         QCOMPARE(env.ui.log.filter(QStringLiteral("save:")).size(), dialogoGuardar ? 1 : 0);
         QCOMPARE(env.ui.log.filter(QStringLiteral("question:")).size(), modificado ? 1 : 0);
-    }
-
-    void presetModeloViejo()
-    {
-        EditorEnv env(0);
-        env.mb.Campos(30).Presente = "1";
-        env.mb.Campos(30).PosHor = 12;
-        env.editor.Cargar45();
-        QCOMPARE(env.mb.Campos(30).PosHor, 12);
-        QCOMPARE(env.mb.Campos(30).Presente, QByteArray("1"));
-        QCOMPARE(env.mb.Campos(13).PosHor, 22);
     }
 
     // With fields 3, 11, 13 and 20 on the label.
