@@ -224,13 +224,6 @@ private slots:
         QVERIFY(!env.mb.Modificado);
         QCOMPARE(env.ui.log.last(), QStringLiteral("Cuadro"));
 
-        // Let go outside the limits: nothing moves and the drag is over.
-        env.editor.pulsarCampo(11, BotonRaton::Izquierdo, 0, 0);
-        env.editor.arrastrarSobreCuadro(2, 50, 30);
-        env.editor.soltarEnCuadro(50, 30);
-        QCOMPARE(env.mb.Campos(11).PosHor, 14);
-        QVERIFY(!env.editor.FueraDeLimites);
-
         // Within its own box: moved by the last drag-over's delta.
         env.editor.pulsarCampo(11, BotonRaton::Izquierdo, 0, 0);
         env.editor.arrastrarSobreCampo(11, 113.4 * 3, 0);

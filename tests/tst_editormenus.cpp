@@ -6,17 +6,13 @@
 
 #include <QtTest>
 
-namespace {
-
-QString mascara(const std::function<bool(int)>& bit, int n)
+static QString mascara(const std::function<bool(int)>& bit, int n)
 {
     QString s;
     for (int i = 0; i < n; ++i)
         s += bit(i) ? QLatin1Char('1') : QLatin1Char('0');
     return s;
 }
-
-} // namespace
 
 // Where a preset 45 or 60 long puts field `campo`, its position texts and
 // size code.
@@ -27,7 +23,8 @@ struct CasoPreset {
 };
 Q_DECLARE_METATYPE(CasoPreset)
 
-// The Visualizar menu and the palette of a label kind and model.
+// The Visualizar menu, the palette and the price box's caption of a label
+// kind and model.
 struct CasoMenus {
     QByteArray tipo;
     int modelo;
@@ -35,6 +32,7 @@ struct CasoMenus {
     bool loteVisible;
     QString paleta;
     double topBorrar;
+    QString precio;
 };
 Q_DECLARE_METATYPE(CasoMenus)
 
@@ -57,7 +55,6 @@ private slots:
         // A plain field, and each field a preset puts at size 1.
         QTest::newRow("60 field 14") << CasoPreset{60, 1, 14, {39, 36}, {"140", "130", "1"}};
         QTest::newRow("45 field 14") << CasoPreset{45, 1, 14, {39, 27}, {"140", "076", "1"}};
-        QTest::newRow("45 field 1") << CasoPreset{45, 1, 1, {6, 14}, {"022", "029", "1"}};
         // The old model keeps field 30, which it does not have, as it was.
         QTest::newRow("45 old field 13") << CasoPreset{45, 0, 13, {22, 27}, {"079", "076", "0"}};
     }
@@ -120,10 +117,12 @@ private slots:
     {
         QTest::addColumn<CasoMenus>("c");
         const auto fila = [](const char* nombre, CasoMenus c) { QTest::newRow(nombre) << c; };
-        fila("V new", {"V", 1, "11001111101111", "10000000001000", true, "1111001111101111", 132});
-        fila("T new", {"T", 1, "11111111110011", "10100000010000", true, "1111111111110011", 132});
-        fila("T old",
-             {"T", 0, "11111111110011", "10100000010000", false, "1111111111110001", 130.2});
+        fila("V new",
+             {"V", 1, "11001111101111", "10000000001000", true, "1111001111101111", 132, "Precio"});
+        fila("T new", {"T", 1, "11111111110011", "10100000010000", true, "1111111111110011", 132,
+                       "Operaciones"});
+        fila("T old", {"T", 0, "11111111110011", "10100000010000", false, "1111111111110001", 130.2,
+                       "Operaciones"});
     }
 
     void menus()
@@ -141,6 +140,10 @@ private slots:
         QCOMPARE(e.mnuVisual(12).visible, c.loteVisible);
         QCOMPARE(mascara([&](int i) { return e.CBDisplay(i).visible; }, 16), c.paleta);
         QCOMPARE(e.CBDisplay(15).top, c.topBorrar);
+        // Free text 6 counts from 1; the companion keeps its own caption.
+        QCOMPARE(e.superficie.Imagen(13).caption, c.precio);
+        QCOMPARE(e.superficie.Imagen(27).caption, QStringLiteral("1 Texto Libre"));
+        QCOMPARE(e.superficie.Imagen(0).caption, QStringLiteral("PESO APROXIMADO"));
     }
 
     void menuDerecho_data()
@@ -154,7 +157,6 @@ private slots:
             QTest::newRow(nombre) << campo << QByteArray(tamano) << QString(hab) << QString(marc);
         };
         fila("descriptive", 1, "2", "11111", "00100");
-        fila("bar code", 16, "0", "10001", "10000");
         fila("second currency", 15, "1", "11001", "01000");
         fila("an odd code", 12, "7", "11111", "00000");
     }
@@ -382,32 +384,14 @@ private slots:
         QVERIFY(!env.mb.Modificado);
     }
 
-    void captions_data()
-    {
-        QTest::addColumn<QByteArray>("tipo");
-        QTest::addColumn<int>("caja");
-        QTest::addColumn<QString>("caption");
-        QTest::newRow("free text 6 counts from 1") << QByteArray("V") << 27 << "1 Texto Libre";
-        QTest::newRow("operations") << QByteArray("T") << 13 << "Operaciones";
-        QTest::newRow("the companion keeps its own") << QByteArray("V") << 0 << "PESO APROXIMADO";
-    }
-
-    void captions()
-    {
-        QFETCH(QByteArray, tipo);
-        QFETCH(int, caja);
-        EditorEnv env;
-        env.mb.TipoEtiqueta = tipo;
-        env.editor.repintar();
-        QTEST(env.editor.superficie.Imagen(caja).caption, "caption");
-    }
-
+    // A picture added, cancelled, unreadable, deleted; then the grid, which
+    // only its own entry takes off.
     void fondo()
     {
         EditorEnv env;
         FondoSuperficie& fondo = env.editor.fondo;
         env.ui.openPaths = {QStringLiteral("/img/a.bmp"), QString(),
-                            QStringLiteral("/img/roto.jpg")};
+                            QStringLiteral("/img/roto.jpg"), QStringLiteral("/img/a.bmp")};
         env.cargador.ilegibles = {QStringLiteral("/img/roto.jpg")};
         fondo.mnuFondoAgregar();
         QCOMPARE(env.mb.RutaFondo, QStringLiteral("/img/a.bmp"));
@@ -425,13 +409,7 @@ private slots:
         QCOMPARE(env.cargador.mostrada, QStringLiteral("/img/a.bmp"));
         fondo.mnuFondoEliminar();
         QVERIFY(env.cargador.mostrada.isEmpty());
-        QVERIFY(!env.mb.Modificado);
-    }
 
-    void fondoParrilla()
-    {
-        EditorEnv env;
-        FondoSuperficie& fondo = env.editor.fondo;
         const QString parrilla = env.dir.file(QStringLiteral("res/parrilla.bmp"));
         fondo.mnuFondoParrilla();
         // The grid goes only by its own entry.
@@ -439,7 +417,6 @@ private slots:
         QCOMPARE(env.mb.RutaFondo, parrilla);
         QCOMPARE(env.cargador.mostrada, parrilla);
         // A picture added over the grid takes the mark off.
-        env.ui.openPaths = {QStringLiteral("/img/a.bmp")};
         fondo.mnuFondoAgregar();
         QVERIFY(!fondo.parrilla);
 
@@ -449,7 +426,7 @@ private slots:
         fondo.mnuFondoParrilla();
         QVERIFY(fondo.parrilla);
         QVERIFY(env.mb.RutaFondo.isEmpty());
-        QCOMPARE(env.ui.log.filter(QStringLiteral("message:")).size(), 1);
+        QCOMPARE(env.ui.log.filter(QStringLiteral("message:")).size(), 2);
         fondo.mnuFondoParrilla();
         QVERIFY(!fondo.parrilla);
         QVERIFY(!env.mb.Modificado);
@@ -479,7 +456,6 @@ private slots:
             e.editor.pulsarTXF(1, BotonRaton::Derecho);
             e.editor.clicMnuDerTXFborrar();
         });
-        fila("a preset", 2209, [](EditorEnv& e) { e.editor.Cargar60(); });
     }
 
     void deshacer()
@@ -578,7 +554,6 @@ private slots:
         const auto fila = [](const char* nombre, QPoint flecha, QList<int> a, QList<int> b) {
             QTest::newRow(nombre) << flecha << a << b;
         };
-        fila("five up", {0, -5}, {10, 20, 20, 30}, {10, 15, 20, 25});
         fila("five left, cut at the left limit", {-5, 0}, {5, 20, 20, 30}, {3, 20, 18, 30});
         fila("right, at the right limit", {1, 0}, {10, 20, 42, 30}, {10, 20, 42, 30});
         fila("five down, cut at the bottom", {0, 5}, {10, 20, 20, 38}, {10, 23, 20, 41});
