@@ -31,6 +31,16 @@ struct CasoArrastre {
 };
 Q_DECLARE_METATYPE(CasoArrastre)
 
+// A command on the selection: adjust left or up, or align (left, centre,
+// right, and any other mode) where `orden` is Alinear plus the mode.
+enum { Izda, Arriba, Alinear };
+struct CasoOrden {
+    int orden;
+    QList<QList<int>> campos;
+    QList<double> bordes;
+};
+Q_DECLARE_METATYPE(CasoOrden)
+
 class TestEditor : public QObject {
     Q_OBJECT
     static bool conPunto() { return QLocale::system().decimalPoint() == QLatin1String("."); }
@@ -359,97 +369,74 @@ private slots:
         QCOMPARE(env.mb.Campos(12).TextoVer, QByteArray("000"));
     }
 
-    // AjustarIzda (0) and AjustarArriba (1) on fields given as number, hor,
-    // ver, selected; the expected packed position of each.
-    void ajustes_data()
+    // Fields given as number, hor, ver, selected; the box edge on the
+    // command's axis each ends at. The adjustments pack the selection and
+    // change the label; an alignment moves its box, the record to the rounded
+    // edge, and leaves the label unchanged.
+    void ordenes_data()
     {
-        QTest::addColumn<int>("eje");
-        QTest::addColumn<QList<QList<int>>>("campos");
-        QTest::addColumn<QList<int>>("posiciones");
-        QTest::newRow("a row closes up from the left")
-            << 0 << QList<QList<int>>{{12, 30, 20, 1}, {11, 20, 20, 1}} << QList<int>{14, 3};
-        QTest::newRow("against an unselected field of the same top")
-            << 0 << QList<QList<int>>{{13, 5, 20, 0}, {12, 30, 20, 1}} << QList<int>{5, 19};
-        QTest::newRow("one to the right is ignored")
-            << 0 << QList<QList<int>>{{13, 38, 20, 0}, {12, 30, 20, 1}} << QList<int>{38, 3};
-        QTest::newRow("an obstacle starting at its bottom does not count")
-            << 0 << QList<QList<int>>{{13, 5, 23, 0}, {12, 30, 20, 1}} << QList<int>{5, 3};
-        QTest::newRow("pushed to the right, clear of a long field")
-            << 0 << QList<QList<int>>{{1, 4, 20, 0}, {12, 30, 21, 1}} << QList<int>{4, 49};
-        QTest::newRow("equal lefts: the lower number goes first")
-            << 0 << QList<QList<int>>{{12, 30, 20, 1}, {11, 30, 22, 1}} << QList<int>{14, 3};
-        QTest::newRow("nothing selected: nothing changes, not even the mark")
-            << 0 << QList<QList<int>>{{12, 30, 20, 0}} << QList<int>{30};
-        QTest::newRow("up: a column closes up from the top")
-            << 1 << QList<QList<int>>{{12, 10, 30, 1}, {11, 10, 20, 1}} << QList<int>{11, 8};
-        QTest::newRow("up: against an obstacle above")
-            << 1 << QList<QList<int>>{{16, 5, 9, 0}, {12, 10, 30, 1}} << QList<int>{9, 20};
-        QTest::newRow("up: an obstacle beside is ignored")
-            << 1 << QList<QList<int>>{{16, 21, 9, 0}, {12, 10, 30, 1}} << QList<int>{9, 8};
+        QTest::addColumn<CasoOrden>("c");
+        const auto fila = [](const char* nombre, CasoOrden c) { QTest::newRow(nombre) << c; };
+        fila("left: a row closes up", {Izda, {{12, 30, 20, 1}, {11, 20, 20, 1}}, {14, 3}});
+        fila("left: against an unselected field of the same top",
+             {Izda, {{13, 5, 20, 0}, {12, 30, 20, 1}}, {5, 19}});
+        fila("left: one to the right is ignored",
+             {Izda, {{13, 38, 20, 0}, {12, 30, 20, 1}}, {38, 3}});
+        fila("left: an obstacle starting at its bottom does not count",
+             {Izda, {{13, 5, 23, 0}, {12, 30, 20, 1}}, {5, 3}});
+        fila("left: pushed to the right, clear of a long field",
+             {Izda, {{1, 4, 20, 0}, {12, 30, 21, 1}}, {4, 49}});
+        fila("left: equal lefts, the lower number goes first",
+             {Izda, {{12, 30, 20, 1}, {11, 30, 22, 1}}, {14, 3}});
+        fila("left: nothing selected, nothing changes", {Izda, {{12, 30, 20, 0}}, {30}});
+        fila("up: a column closes up", {Arriba, {{12, 10, 30, 1}, {11, 10, 20, 1}}, {11, 8}});
+        fila("up: against an obstacle above", {Arriba, {{16, 5, 9, 0}, {12, 10, 30, 1}}, {9, 20}});
+        fila("up: an obstacle beside is ignored",
+             {Arriba, {{16, 21, 9, 0}, {12, 10, 30, 1}}, {9, 8}});
+        // Field 12 at (20, 40) is not selected.
+        const QList<int> otro{12, 20, 40, 0};
+        fila("align left", {Alinear, {{1, 20, 30, 1}, otro}, {3, 20}});
+        fila("centre of 12.5", {Alinear + 1, {{17, 20, 30, 1}, otro}, {22.25, 20}});
+        fila("centre of 14: 21.5 to 22", {Alinear + 1, {{13, 20, 30, 1}, otro}, {21.5, 20}});
+        fila("right of the weight", {Alinear + 2, {{11, 20, 30, 1}, otro}, {42, 20}});
+        fila("a bad mode keeps the left", {Alinear + 7, {{17, 20, 30, 1}, otro}, {20, 20}});
     }
 
-    void ajustes()
+    void ordenes()
     {
         if (!conPunto())
             QSKIP("this table is written for a point as the decimal mark");
-        QFETCH(int, eje);
-        QFETCH(QList<QList<int>>, campos);
-        QFETCH(QList<int>, posiciones);
-        EditorEnv env;
-        bool alguno = false; // selected: only then is the label changed
-        for (const QList<int>& c : campos) {
-            env.poner(c[0], c[1], c[2], "0", c[3] != 0);
-            alguno = alguno || c[3];
-        }
-        eje == 0 ? env.editor.AjustarIzda() : env.editor.AjustarArriba();
-        for (int i = 0; i < campos.size(); ++i) {
-            const int n = campos[i][0];
-            const Campo& c = env.mb.Campos(n);
-            const Caja& caja = env.editor.superficie.Imagen(n);
-            const int pos = eje == 0 ? c.PosHor : c.PosVer;
-            QCOMPARE(pos, posiciones[i]);
-            if (campos[i][3]) {
-                QCOMPARE(eje == 0 ? caja.left() : caja.top(), double(pos));
-                QCOMPARE(eje == 0 ? c.TextoHor : c.TextoVer, textoPosicionExacto(pos));
-            }
-            QVERIFY(!caja.rojo);
-        }
-        QCOMPARE(env.mb.Modificado, alguno);
-    }
-
-    void alinear_data()
-    {
-        QTest::addColumn<int>("campo");
-        QTest::addColumn<int>("modo");
-        QTest::addColumn<double>("left");
-        QTest::addColumn<int>("posHor");
-        QTest::addColumn<QByteArray>("textoHor");
-        QTest::newRow("left") << 1 << 0 << 3.0 << 3 << QByteArray("011");
-        QTest::newRow("centre of 12.5") << 17 << 1 << 22.25 << 22 << QByteArray("079");
-        QTest::newRow("centre of 14: 21.5 to 22") << 13 << 1 << 21.5 << 22 << QByteArray("079");
-        QTest::newRow("right of the weight") << 11 << 2 << 42.0 << 42 << QByteArray("151");
-        QTest::newRow("a bad mode keeps the left") << 17 << 7 << 20.0 << 20 << QByteArray("072");
-    }
-
-    void alinear()
-    {
-        QFETCH(int, campo);
-        QFETCH(int, modo);
-        QFETCH(double, left);
+        QFETCH(CasoOrden, c);
         EditorEnv env;
         env.mb.PesoAproximado = true;
-        env.poner(campo, 20, 30, "0", true);
-        env.poner(12, 20, 40); // not selected
-        env.editor.Alinear(modo);
-        const Campo& c = env.mb.Campos(campo);
-        QCOMPARE(env.editor.superficie.Imagen(campo).left(), left);
-        QTEST(int(c.PosHor), "posHor");
-        QTEST(c.TextoHor, "textoHor");
-        QVERIFY(!c.Seleccionado);
-        QCOMPARE(env.mb.Campos(12).PosHor, 20);
-        QVERIFY(!env.mb.Modificado);
-        if (campo == 11)
-            QCOMPARE(env.editor.superficie.Imagen(0).left(), left);
+        bool alguno = false; // selected
+        for (const QList<int>& f : c.campos) {
+            env.poner(f[0], f[1], f[2], "0", f[3] != 0);
+            alguno = alguno || f[3];
+        }
+        if (c.orden >= Alinear)
+            env.editor.Alinear(c.orden - Alinear);
+        else
+            c.orden == Izda ? env.editor.AjustarIzda() : env.editor.AjustarArriba();
+        const bool ajuste = c.orden < Alinear;
+        for (int i = 0; i < c.campos.size(); ++i) {
+            const int n = c.campos[i][0];
+            const Campo& campo = env.mb.Campos(n);
+            const Caja& caja = env.editor.superficie.Imagen(n);
+            const double borde = c.orden == Arriba ? caja.top() : caja.left();
+            const int pos = c.orden == Arriba ? campo.PosVer : campo.PosHor;
+            QCOMPARE(borde, c.bordes[i]);
+            QCOMPARE(pos, Coordenadas::redondear(borde));
+            if (c.campos[i][3]) {
+                const QByteArray texto = c.orden == Arriba ? campo.TextoVer : campo.TextoHor;
+                QCOMPARE(texto, ajuste ? textoPosicionExacto(pos) : textoPosicionEntero(pos));
+            }
+            QVERIFY(!campo.Seleccionado);
+            QVERIFY(!caja.rojo);
+            if (n == 11 && !ajuste) // the weight's companion follows an alignment
+                QCOMPARE(env.editor.superficie.Imagen(0).left(), caja.left());
+        }
+        QCOMPARE(env.mb.Modificado, ajuste && alguno);
     }
 };
 

@@ -5,14 +5,15 @@
 
 #include <QtTest>
 
-// The sizing table of the preview, row by row: every family at every size
-// code, from a field stored at 10, 20.
+// The sizing table of the preview, row by row, for an item at 10, 20; the
+// weight is stored at 7, 21 and has its companion line.
 struct CasoTamano {
     int campo, tamano;
     const char* tipo;
     int largo; // of the free text, where there is one
     double left, top, width, height;
     const char* origen = "";
+    double aprox = 0; // top of the weight's companion line; 0: not shown
 };
 Q_DECLARE_METATYPE(CasoTamano)
 
@@ -20,17 +21,6 @@ class TestTamanoCampo : public QObject {
     Q_OBJECT
 
     ProgramDir m_dir;
-
-    ModBase etiqueta(const QString& tipo, bool aprox) const
-    {
-        ModBase mb;
-        m_dir.attach(mb);
-        InicializarEtiqueta(mb);
-        mb.ModeloNuevo = 1;
-        mb.TipoEtiqueta = tipo.toLatin1();
-        mb.PesoAproximado = aprox;
-        return mb;
-    }
 
 private slots:
     void initTestCase() { copiaImagenesStock(m_dir); }
@@ -43,7 +33,10 @@ private slots:
         row("desc 2", {10, 2, "V", 0, 10, 19.0, 47, 4.5, "12A.wmf"});
         row("desc 7 is 0 but double picture", {2, 7, "V", 0, 10, 18.8, 45, 4.5, "12A.wmf"});
         // Weight, price / operations and amount / total.
-        row("peso 1", {11, 1, "V", 0, 9.9, 19.0, 11, 6.5});
+        // The companion line goes by the weight's stored place, never the tare's.
+        row("peso 1", {11, 1, "V", 0, 9.9, 19.0, 11, 6.5, "", 23.5});
+        row("peso 2", {11, 2, "V", 0, 10.5, 19.5, 23, 4, "", 25.5});
+        row("tara 3", {12, 3, "V", 0, 10.2, 19.0, 23, 6.5});
         row("oper T 3", {13, 3, "T", 0, 10, 18.8, 31, 6.5, "OPER.wmf"});
         row("total T 1 keeps its picture", {14, 1, "T", 0, 10, 18.8, 14, 6.5});
         // The others; the bar code has one size whatever its code.
@@ -64,7 +57,13 @@ private slots:
     void tabla()
     {
         QFETCH(CasoTamano, c);
-        ModBase mb = etiqueta(QString::fromLatin1(c.tipo), false);
+        ModBase mb;
+        m_dir.attach(mb);
+        InicializarEtiqueta(mb);
+        mb.ModeloNuevo = 1;
+        mb.TipoEtiqueta = c.tipo;
+        mb.PesoAproximado = true;
+        pon(mb, 11, 7, 21);
         if (const int n = c.campo >= 21 && c.campo != 26 ? c.campo - (c.campo <= 25 ? 20 : 21) : 0)
             mb.TextoLibre(n - 1) = QByteArray(c.largo, 'X');
 
@@ -81,37 +80,11 @@ private slots:
         QVERIFY(it.imagen || it.origen.isEmpty());
         // Sizing never shows or hides the item itself.
         QVERIFY(!it.Visible);
-        QVERIFY(!e.ImagenVista(0).Visible);
-    }
-
-    // The line under the weight goes by the field's stored place (top 0:
-    // not shown).
-    void pesoAproximado_data()
-    {
-        QTest::addColumn<int>("campo");
-        QTest::addColumn<int>("tamano");
-        QTest::addColumn<double>("top");
-        QTest::newRow("peso 1") << 11 << 1 << 22.5;
-        QTest::newRow("peso 2") << 11 << 2 << 24.5;
-        QTest::newRow("tara never") << 12 << 0 << 0.0;
-    }
-
-    void pesoAproximado()
-    {
-        QFETCH(int, campo);
-        QFETCH(int, tamano);
-        QFETCH(double, top);
-        ModBase mb = etiqueta(QStringLiteral("V"), true);
-        pon(mb, campo, 7, 20);
-        EscenaVista e;
-        e.ImagenVista(campo).Left = 99; // the adjusted item does not count
-        e.ImagenVista(campo).Top = 99;
-        TamanoCampo(e, mb, static_cast<int16_t>(campo), static_cast<int16_t>(tamano));
         const ItemVista& aprox = e.ImagenVista(0);
-        QCOMPARE(aprox.Visible, top > 0);
+        QCOMPARE(aprox.Visible, c.aprox > 0);
         if (aprox.Visible)
             QCOMPARE(QRectF(aprox.Left, aprox.Top, aprox.Width, aprox.Height),
-                     QRectF(7, top, 27, 4));
+                     QRectF(7, c.aprox, 27, 4));
     }
 };
 
