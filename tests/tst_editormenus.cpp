@@ -36,6 +36,15 @@ struct CasoMenus {
 };
 Q_DECLARE_METATYPE(CasoMenus)
 
+struct CasoMenuDer {
+    int campo;
+    const char* tamano;
+    QString habilitado, marcado;
+    int nuevo;
+    double left;
+};
+Q_DECLARE_METATYPE(CasoMenuDer)
+
 struct CasoPendientes {
     int boton, modelo;
     bool primeroPendiente, pesoEnOrigen;
@@ -146,32 +155,35 @@ private slots:
         QCOMPARE(e.superficie.Imagen(0).caption, QStringLiteral("PESO APROXIMADO"));
     }
 
+    // A field's size menu: what it offers and marks; then size `nuevo`
+    // chosen, the box's left after it, and the field deleted from the menu.
     void menuDerecho_data()
     {
-        QTest::addColumn<int>("campo");
-        QTest::addColumn<QByteArray>("tamano");
-        QTest::addColumn<QString>("habilitado");
-        QTest::addColumn<QString>("marcado");
-        const auto fila = [](const char* nombre, int campo, const char* tamano, const char* hab,
-                             const char* marc) {
-            QTest::newRow(nombre) << campo << QByteArray(tamano) << QString(hab) << QString(marc);
-        };
-        fila("descriptive", 1, "2", "11111", "00100");
-        fila("second currency", 15, "1", "11001", "01000");
-        fila("an odd code", 12, "7", "11111", "00000");
+        QTest::addColumn<CasoMenuDer>("c");
+        const auto fila = [](const char* nombre, CasoMenuDer c) { QTest::newRow(nombre) << c; };
+        fila("descriptive, wider: pushed back to end at 53", {1, "0", "11111", "10000", 2, 6});
+        fila("second currency, the size it has", {15, "1", "11001", "01000", 1, 8});
+        fila("an odd code", {12, "7", "11111", "00000", 3, 8});
     }
 
     void menuDerecho()
     {
-        QFETCH(int, campo);
-        QFETCH(QByteArray, tamano);
+        QFETCH(CasoMenuDer, c);
         EditorEnv env;
-        env.poner(campo, 10, 10, tamano.constData());
-        env.editor.pulsarCampo(campo, BotonRaton::Derecho, 100, 100);
+        env.poner(c.campo, 8, 20, c.tamano);
+        env.editor.pulsarCampo(c.campo, BotonRaton::Derecho, 100, 100);
         QCOMPARE(env.ui.log.last(), QStringLiteral("mnuDerecho"));
         EditorEtiqueta& e = env.editor;
-        QTEST(mascara([&](int k) { return e.mnuDer(k).enabled; }, 5), "habilitado");
-        QTEST(mascara([&](int k) { return e.mnuDer(k).checked; }, 5), "marcado");
+        QCOMPARE(mascara([&](int k) { return e.mnuDer(k).enabled; }, 5), c.habilitado);
+        QCOMPARE(mascara([&](int k) { return e.mnuDer(k).checked; }, 5), c.marcado);
+        e.clicMnuDer(c.nuevo);
+        QCOMPARE(env.mb.Campos(c.campo).Tamano, QByteArray::number(c.nuevo));
+        QCOMPARE(e.superficie.Imagen(c.campo).left(), c.left);
+        QCOMPARE(env.mb.Modificado, QByteArray::number(c.nuevo) != c.tamano);
+        env.mb.Modificado = false;
+        e.clicMnuDer(4);
+        QVERIFY(!e.superficie.Imagen(c.campo).visible);
+        QVERIFY(env.mb.Modificado);
     }
 
     // A press on the surface: the menu it opens and the point it keeps for
@@ -318,24 +330,6 @@ private slots:
         QCOMPARE(env.mb.NuevoCampoHor, 0);
     }
 
-    void clicDerecho()
-    {
-        EditorEnv env;
-        env.poner(1, 8, 20);
-        env.editor.pulsarCampo(1, BotonRaton::Derecho, 0, 0);
-        env.editor.clicMnuDer(0); // the size it has
-        QVERIFY(!env.mb.Modificado);
-        env.editor.clicMnuDer(2);
-        QVERIFY(env.mb.Modificado);
-        QCOMPARE(env.mb.Campos(1).Tamano, QByteArray("2"));
-        QCOMPARE(env.editor.superficie.Imagen(1).left(), 6.0);
-
-        env.mb.Modificado = false;
-        env.editor.clicMnuDer(4);
-        QVERIFY(!env.editor.superficie.Imagen(1).visible);
-        QVERIFY(env.mb.Modificado);
-    }
-
     // A fixed text of blanks only shows as the line's name, centred; Edit
     // opens the line's dialog.
     void textoFijo()
@@ -434,7 +428,7 @@ private slots:
 
     // One command of each kind of step, named by what it changed: undo brings
     // back the very label before it, boxes where the records say, redo the
-    // one after.
+    // one after. A different label in hand (class 0) starts the history afresh.
     void deshacer_data()
     {
         QTest::addColumn<Orden>("orden");
@@ -456,6 +450,14 @@ private slots:
             e.editor.pulsarTXF(1, BotonRaton::Derecho);
             e.editor.clicMnuDerTXFborrar();
         });
+        fila("another label of the set", 0,
+             [](EditorEnv& e) { e.files.CargarEtiquetaConjunto(4); });
+        fila("the model switch", 0,
+             [](EditorEnv& e) { e.files.cambiarModelo(e.mb.ModeloNuevo == 0); });
+        fila("a new label", 0, [](EditorEnv& e) {
+            e.mb.Modificado = false;
+            e.files.menuNueva();
+        });
     }
 
     void deshacer()
@@ -470,6 +472,12 @@ private slots:
             env.poner(14, 30, 30, "0", true);
             env.mb.TextoFijo(0) = "OFERTA";
             Historial h(env.mb, env.files, env.view);
+            if (!clase) {
+                h.orden([&] { env.editor.cambioVSVer(60); });
+                h.orden([&] { orden(env); });
+                QVERIFY(!h.puedeDeshacer() && !h.puedeRehacer());
+                continue;
+            }
             const EstadoEtiqueta antes = EstadoEtiqueta::de(env.mb, env.files);
             h.orden([&] { orden(env); });
             const EstadoEtiqueta despues = EstadoEtiqueta::de(env.mb, env.files);
@@ -492,32 +500,6 @@ private slots:
             h.orden([&] { env.editor.cambioVSVer(50); });
             QVERIFY(!h.puedeRehacer());
         }
-    }
-
-    // A different label in hand starts the history afresh.
-    void historialSeReinicia_data()
-    {
-        QTest::addColumn<Orden>("carga");
-        QTest::newRow("another label of the set")
-            << Orden([](EditorEnv& e) { e.files.CargarEtiquetaConjunto(4); });
-        QTest::newRow("the model switch")
-            << Orden([](EditorEnv& e) { e.files.cambiarModelo(false); });
-        QTest::newRow("a new label") << Orden([](EditorEnv& e) {
-            e.mb.Modificado = false;
-            e.files.menuNueva();
-        });
-    }
-
-    void historialSeReinicia()
-    {
-        QFETCH(Orden, carga);
-        EditorEnv env;
-        Historial h(env.mb, env.files, env.view);
-        h.orden([&] { env.editor.cambioVSVer(60); });
-        QVERIFY(h.puedeDeshacer());
-        h.orden([&] { carga(env); });
-        QVERIFY(!h.puedeDeshacer());
-        QVERIFY(!h.puedeRehacer());
     }
 
     // The label counts as modified exactly away from where the files stand.
