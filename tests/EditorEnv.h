@@ -19,14 +19,14 @@ class ScriptedEditorView : public BaseView, public EditorView {
 public:
     explicit ScriptedEditorView(QStringList& log) : m_log(log) {}
     EditorEtiqueta* editor = nullptr;
-    std::function<void()> frmTXL, frmDES;
+    std::function<void()> dialogo; // what the person does in frmTXL or frmDES
 
     void refresh() override { repintar("refresh"); }
     void repintarVentana() override { repintar("repaint"); }
     void mostrarCargaTXL() override { m_log.append(QStringLiteral("frmCargaTXL")); }
     void repintarCuadro() override { m_log.append(QStringLiteral("Cuadro")); }
-    void mostrarTXL() override { abrir("frmTXL", frmTXL); }
-    void mostrarDES() override { abrir("frmDES", frmDES); }
+    void mostrarTXL() override { abrir("frmTXL"); }
+    void mostrarDES() override { abrir("frmDES"); }
     void mostrarBorrar() override { m_log.append(QStringLiteral("frmBorrar")); }
     void mostrarTXF(int n) override { m_log.append(QStringLiteral("frmTXF %1").arg(n)); }
     void abrirMenu(MenuEmergente menu) override
@@ -42,11 +42,11 @@ private:
         if (editor)
             editor->repintar();
     }
-    void abrir(const char* dialogo, const std::function<void()>& efecto)
+    void abrir(const char* nombre)
     {
-        m_log.append(QLatin1String(dialogo));
-        if (efecto)
-            efecto();
+        m_log.append(QLatin1String(nombre));
+        if (dialogo)
+            dialogo();
     }
 
     QStringList& m_log;

@@ -213,7 +213,8 @@ private slots:
         QCOMPARE(env.editor.superficie.panelX, QStringLiteral("X: %1").arg(c.punteroHor));
     }
 
-    void soltarUnCampo()
+    // A drop of one field, then of a group.
+    void soltar()
     {
         EditorEnv env;
         env.mb.PesoAproximado = true;
@@ -240,31 +241,28 @@ private slots:
         env.editor.soltarEnCampo(11, 113.4 * 3, 0);
         QCOMPARE(env.mb.Campos(11).PosHor, 17);
         QCOMPARE(env.mb.Campos(11).TextoHor, QByteArray("061"));
-    }
 
-    void soltarGrupo()
-    {
-        EditorEnv env;
-        env.poner(11, 5, 10, "0", true);
-        env.poner(12, 10, 20, "0", true);
-        env.poner(13, 30, 30); // not selected
-        env.editor.pulsarCampo(12, BotonRaton::Izquierdo, 0, 0);
-        env.editor.arrastrarSobreCuadro(2, 14, 23);
-        env.editor.soltarEnCuadro(14, 23);
+        // A group: 11 and 12 selected, 13 not.
+        EditorEnv g;
+        g.poner(11, 5, 10, "0", true);
+        g.poner(12, 10, 20, "0", true);
+        g.poner(13, 30, 30);
+        g.editor.pulsarCampo(12, BotonRaton::Izquierdo, 0, 0);
+        g.editor.arrastrarSobreCuadro(2, 14, 23);
+        g.editor.soltarEnCuadro(14, 23);
         // The boxes take the delta (4, 3) once, the records twice.
-        QCOMPARE(env.editor.superficie.Imagen(12).left(), 14.0);
-        QCOMPARE(env.en(12), QPoint(18, 26));
-        QCOMPARE(env.mb.Campos(11).TextoHor, QByteArray("047"));
-        QCOMPARE(env.mb.Campos(11).TextoVer, QByteArray("058"));
-        QCOMPARE(env.mb.Campos(13).PosHor, 30);
-        QVERIFY(!env.mb.Modificado);
-
+        QCOMPARE(g.editor.superficie.Imagen(12).left(), 14.0);
+        QCOMPARE(g.en(12), QPoint(18, 26));
+        QCOMPARE(g.mb.Campos(11).TextoHor, QByteArray("047"));
+        QCOMPARE(g.mb.Campos(11).TextoVer, QByteArray("058"));
+        QCOMPARE(g.mb.Campos(13).PosHor, 30);
+        QVERIFY(!g.mb.Modificado);
         // Let go over its own box with no delta: the records come to the boxes.
-        env.editor.pulsarCampo(12, BotonRaton::Izquierdo, 0, 0);
-        env.editor.arrastrarSobreCampo(12, 0, 0);
-        env.editor.soltarEnCampo(12, 0, 0);
-        QCOMPARE(env.mb.Campos(12).PosHor, 14);
-        QCOMPARE(env.mb.Campos(11).PosVer, 13);
+        g.editor.pulsarCampo(12, BotonRaton::Izquierdo, 0, 0);
+        g.editor.arrastrarSobreCampo(12, 0, 0);
+        g.editor.soltarEnCampo(12, 0, 0);
+        QCOMPARE(g.mb.Campos(12).PosHor, 14);
+        QCOMPARE(g.mb.Campos(11).PosVer, 13);
     }
 
     void cajaDelGrupo()

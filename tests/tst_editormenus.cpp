@@ -273,7 +273,7 @@ private slots:
             env.poner(11, 0, 0);
         if (c.boton == 0)
             env.mb.Campos(27).Presente = "1"; // free text 6, whose text is empty
-        (c.boton == 0 ? env.view.frmTXL : env.view.frmDES) = [&] {
+        env.view.dialogo = [&] {
             env.mb.TextoLibre(1) = "DOS";
             env.mb.TextoLibre(2) = "TRES";
             for (int n : {2, 3}) {
@@ -283,6 +283,7 @@ private slots:
             pendiente(1) = c.primeroPendiente;
         };
         env.editor.pulsarCBDisplay(c.boton);
+        QVERIFY(env.ui.log.contains(c.boton == 0 ? "frmTXL" : "frmDES"));
         for (int n = 1; n <= 3; ++n)
             QCOMPARE(env.mb.Campos(campo(n)).PosVer, c.alturas[n - 1]);
         for (int n = 1; n <= 10; ++n)
@@ -318,7 +319,7 @@ private slots:
         env.mb.TextoLibre(1).clear();
         env.mb.Campos(22).Presente = "1";
         env.mb.TXLPendiente(2) = true;
-        env.view.frmTXL = [&] {
+        env.view.dialogo = [&] {
             env.mb.TextoLibre(0) = "HOLA";
             env.mb.TXLCambiado(1) = true;
         };
