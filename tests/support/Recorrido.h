@@ -1,26 +1,47 @@
 #pragma once
 
-// Walks a window's widgets as a person and a screen reader meet them: every
-// caption measured against the widget that shows it, every control's
-// accessible name. Each returns what is wrong, one line a widget.
+// A window's widgets as a person and a screen reader meet them: the child
+// a test needs, the modal windows answered as they open, every caption
+// measured against the widget that shows it, every control's accessible
+// name. The walks return what is wrong, one line a widget.
 #include "Catalogo.h"
 
-#include <QAbstractButton>
-#include <QAbstractSlider>
-#include <QAccessible>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFontMetrics>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QStringList>
-#include <QStyleOption>
-#include <QTest>
-#include <QToolButton>
+#include <functional>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace recorrido {
+
+// A child the test cannot go on without.
+template <typename T> T* hijo(const QWidget& w, const QString& nombre)
+{
+    T* h = w.findChild<T*>(nombre);
+    if (!h)
+        qFatal("no child %s", qPrintable(nombre));
+    return h;
+}
+
+// The person at the screen: `f` meets each modal window once, as it shows,
+// inside the window's own event loop, and answers it as it sees fit.
+class AlAbrirse : public QObject {
+public:
+    explicit AlAbrirse(std::function<void(QWidget&)> f) : m_f(std::move(f))
+    {
+        connect(&m_timer, &QTimer::timeout, this, [this] {
+            QWidget* d = QApplication::activeModalWidget();
+            if (!d || !d->isVisible() || d == m_ultima)
+                return;
+            m_ultima = d;
+            m_f(*d);
+        });
+        m_timer.start(20);
+    }
+
+private:
+    std::function<void(QWidget&)> m_f;
+    QTimer m_timer;
+    QPointer<QWidget> m_ultima;
+};
 
 inline QString nombre(const QWidget* w)
 {
