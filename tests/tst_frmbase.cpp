@@ -111,21 +111,21 @@ private slots:
         QVERIFY(!m_mb->Modificado);
     }
 
+    // Closing asks first about a modified label; Yes saves, and a label
+    // with no file yet asks for one.
     void cierre_data()
     {
-        QTest::addColumn<bool>("modificado");
-        QTest::addColumn<QList<Answer>>("respuestas");
+        QTest::addColumn<QList<Answer>>("respuestas"); // the label is modified when there are any
         QTest::addColumn<bool>("cerrada");
-        QTest::addColumn<bool>("guardado"); // the label has no file yet: Save As asks for one
-        QTest::newRow("clean closes") << false << QList<Answer>{} << true << false;
-        QTest::newRow("yes saves and closes") << true << QList<Answer>{Answer::Yes} << true << true;
-        QTest::newRow("no closes") << true << QList<Answer>{Answer::No} << true << false;
-        QTest::newRow("cancel stays") << true << QList<Answer>{Answer::Cancel} << false << false;
+        QTest::addColumn<bool>("guardado");
+        QTest::newRow("clean closes") << QList<Answer>{} << true << false;
+        QTest::newRow("yes saves and closes") << QList<Answer>{Answer::Yes} << true << true;
+        QTest::newRow("no closes") << QList<Answer>{Answer::No} << true << false;
+        QTest::newRow("cancel stays") << QList<Answer>{Answer::Cancel} << false << false;
     }
 
     void cierre()
     {
-        QFETCH(bool, modificado);
         QFETCH(QList<Answer>, respuestas);
         QFETCH(bool, cerrada);
         ScriptedInteraction ui;
@@ -134,7 +134,7 @@ private slots:
         bool closed = false;
         connect(&w, &frmBase::cerrado, this, [&] { closed = true; });
         w.show();
-        m_mb->Modificado = modificado; // the load leaves the label clean
+        m_mb->Modificado = !respuestas.isEmpty(); // the load leaves the label clean
         hijo<QAction>(w, "mnuArchivoSalir")->trigger();
         QCOMPARE(closed, cerrada);
         QCOMPARE(w.isVisible(), !cerrada);
@@ -147,19 +147,18 @@ private slots:
     // puts the selector back and nothing more happens.
     void selectorEtiqueta_data()
     {
-        QTest::addColumn<bool>("modificado"); // by typing a name
-        QTest::addColumn<QMessageBox::StandardButton>("respuesta");
+        QTest::addColumn<QMessageBox::StandardButton>("respuesta"); // to a name typed, if any
         QTest::addColumn<int>("paso"); // where the selector ends, from where it started
-        QTest::newRow("unchanged: one step") << false << QMessageBox::NoButton << 1;
-        QTest::newRow("changed, no: one step") << true << QMessageBox::No << 1;
-        QTest::newRow("changed, cancel: back") << true << QMessageBox::Cancel << 0;
+        QTest::newRow("unchanged: one step") << QMessageBox::NoButton << 1;
+        QTest::newRow("changed, no: one step") << QMessageBox::No << 1;
+        QTest::newRow("changed, cancel: back") << QMessageBox::Cancel << 0;
     }
 
     void selectorEtiqueta()
     {
-        QFETCH(bool, modificado);
         QFETCH(QMessageBox::StandardButton, respuesta);
         QFETCH(int, paso);
+        const bool modificado = respuesta != QMessageBox::NoButton;
         QtInteraction ui;
         frmBase w(*m_mb, ui);
         w.show();
@@ -344,13 +343,8 @@ private slots:
                 m_mb->TipoEtiqueta = tipo;
                 w.refresh();
                 QCoreApplication::processEvents();
-                const QString donde = QStringLiteral("%1 %2: %3x%4 on %5x%6")
-                                          .arg(idioma)
-                                          .arg(tipo)
-                                          .arg(w.frameGeometry().width())
-                                          .arg(w.frameGeometry().height())
-                                          .arg(libre.width())
-                                          .arg(libre.height());
+                QString donde;
+                QDebug(&donde) << idioma << tipo << w.frameGeometry() << "on" << libre;
                 QVERIFY2(libre.contains(w.frameGeometry()), qPrintable(donde));
                 const QSize necesita = area->widget()->minimumSizeHint();
                 QVERIFY2(area->viewport()->width() >= necesita.width() &&

@@ -46,6 +46,8 @@ private:
     }
 
     Cuadro* cuadro() const { return m_w->cuadro(); }
+    // Where field n stands on the label, in surface units.
+    QPoint pos(int n) const { return {m_mb->Campos(n).PosHor, m_mb->Campos(n).PosVer}; }
     // The point of the surface (in surface units) as the widget sees it.
     QPoint en(double hor, double ver) const { return cuadro()->puntoDe(hor, ver).toPoint(); }
     template <typename T> T* hijo(const QString& nombre) const
@@ -60,6 +62,15 @@ private:
         c.PosHor = static_cast<int16_t>(hor);
         c.PosVer = static_cast<int16_t>(ver);
         m_w->refresh();
+    }
+    // The pop-up `nombre`, opened by a right press on `w` at `p`.
+    QMenu* menu(QWidget* w, QPoint p, const char* nombre) const
+    {
+        QTest::mousePress(w, Qt::RightButton, {}, p);
+        QMenu* m = hijo<QMenu>(nombre);
+        if (!QTest::qWaitFor([m] { return m->isVisible(); }))
+            qFatal("%s did not open", nombre);
+        return m;
     }
     // Left press at `desde`, moves to `hasta`, and what the pointer showed
     // just before the release.
@@ -101,8 +112,7 @@ private slots:
         QVERIFY(m_mb->Campos(11).Seleccionado);
         QTest::keyClick(w, Qt::Key_Right);
         QTest::keyClick(w, Qt::Key_Down, Qt::ShiftModifier);
-        QCOMPARE(m_mb->Campos(11).PosHor, int16_t(11));
-        QCOMPARE(m_mb->Campos(11).PosVer, int16_t(15));
+        QCOMPARE(pos(11), QPoint(11, 15));
         QCOMPARE(m_mb->Campos(12).PosHor, int16_t(30)); // not selected
         QCOMPARE(cuadro()->rectCaja(11).topLeft(), cuadro()->puntoDe(11, 15));
         arrastrar(en(31, 21), en(26, 31));
@@ -156,9 +166,9 @@ private slots:
         QCOMPARE(cuadro()->width(),
                  qRound(m_w->editor().superficie.anchoExterior * zoom * 113.4 / 30));
         QTest::mouseClick(cuadro(), Qt::LeftButton, {}, en(11.1, 21.1));
-        QCOMPARE(QPoint(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer), QPoint(10, 20));
+        QCOMPARE(pos(12), QPoint(10, 20));
         arrastrar(en(11.1, 21.1), en(25.1, 30.1));
-        QCOMPARE(QPoint(m_mb->Campos(12).PosHor, m_mb->Campos(12).PosVer), QPoint(24, 29));
+        QCOMPARE(pos(12), QPoint(24, 29));
         QCOMPARE(cuadro()->rectCaja(12).topLeft(), cuadro()->puntoDe(24, 29));
 
         QTest::keyClick(w, Qt::Key_Minus, Qt::ControlModifier);
@@ -254,8 +264,7 @@ private slots:
         // Gripped one unit in on each axis.
         const Qt::CursorShape forma = arrastrar(en(1, 1), en(left + 1, top + 1));
         QCOMPARE(forma, admitido ? Qt::ArrowCursor : Qt::ForbiddenCursor);
-        QCOMPARE(peso.PosHor, int16_t(admitido ? left : 0));
-        QCOMPARE(peso.PosVer, int16_t(admitido ? top : 0));
+        QCOMPARE(pos(11), admitido ? QPoint(left, top) : QPoint());
         QVERIFY(!QGuiApplication::overrideCursor());
         // The box is drawn where the record says.
         QCOMPARE(cuadro()->cajaEn(en(peso.PosHor + 0.5, peso.PosVer + 0.5)), 11);
@@ -275,19 +284,15 @@ private slots:
         QVERIFY(m_mb->Campos(11).Seleccionado);
         QVERIFY(m_mb->Campos(12).Seleccionado);
         QVERIFY(m_w->editor().superficie.Imagen(12).rojo);
-        QCOMPARE(m_mb->Campos(11).PosHor, int16_t(10)); // a click moves nothing
-        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(20));
 
         arrastrar(en(11, 11), en(16, 15));
-        const int dx = m_mb->Campos(11).PosHor - 10;
-        const int dy = m_mb->Campos(11).PosVer - 10;
-        QVERIFY(dx > 0 && dy > 0);
-        QCOMPARE(m_mb->Campos(12).PosHor - 30, dx);
-        QCOMPARE(m_mb->Campos(12).PosVer - 20, dy);
+        const QPoint d = pos(11) - QPoint(10, 10);
+        QVERIFY(d.x() > 0 && d.y() > 0);
+        QCOMPARE(pos(12) - QPoint(30, 20), d);
         // The boxes show the move once, the records twice; a command that
         // has nothing to do with them leaves the boxes where they stand.
         const QRectF movida = cuadro()->rectCaja(12);
-        QCOMPARE(movida.topLeft(), cuadro()->puntoDe(30 + dx / 2, 20 + dy / 2));
+        QCOMPARE(movida.topLeft(), cuadro()->puntoDe(30 + d.x() / 2, 20 + d.y() / 2));
         hijo<QAction>("mnuEtiquetaPeso")->trigger();
         QCOMPARE(cuadro()->rectCaja(12), movida);
 
@@ -326,12 +331,10 @@ private slots:
         const QPoint p = cuadro()->rectCaja(17).topLeft().toPoint() + QPoint(dx, dy);
         QCOMPARE(cuadro()->cajaEn(p), 17);
         QTest::mouseClick(cuadro(), Qt::LeftButton, {}, p);
-        QCOMPARE(m_mb->Campos(17).PosHor, int16_t(11));
-        QCOMPARE(m_mb->Campos(17).PosVer, int16_t(13));
+        QCOMPARE(pos(17), QPoint(11, 13));
         QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, p);
         QVERIFY(m_mb->Campos(17).Seleccionado);
-        QCOMPARE(m_mb->Campos(17).PosHor, int16_t(11));
-        QCOMPARE(m_mb->Campos(17).PosVer, int16_t(13));
+        QCOMPARE(pos(17), QPoint(11, 13));
         QVERIFY(!m_mb->Modificado);
     }
 
@@ -391,9 +394,7 @@ private slots:
             QCOMPARE(hijo<QPushButton>(QStringLiteral("CBDisplay%1").arg(i))->isVisible(), !total);
         QCOMPARE(hijo<QPushButton>("CBDisplay14")->isVisible(), modelo == 1);
 
-        QTest::mousePress(cuadro(), Qt::RightButton, {}, en(20, 20));
-        QMenu* m = hijo<QMenu>("mnuVisualiza");
-        QTRY_VERIFY(m->isVisible());
+        QMenu* m = menu(cuadro(), en(20, 20), "mnuVisualiza");
         for (int k : {2, 3, 9})
             QCOMPARE(hijo<QAction>(QStringLiteral("mnuVisual%1").arg(k))->isEnabled(), total);
         for (int k : {10, 11})
@@ -405,16 +406,13 @@ private slots:
         hijo<QAction>("mnuVisual1")->trigger();
         m->close();
         QCOMPARE(m_mb->Campos(12).Presente, QByteArray("1"));
-        QCOMPARE(m_mb->Campos(12).PosHor, int16_t(20));
-        QCOMPARE(m_mb->Campos(12).PosVer, int16_t(20));
+        QCOMPARE(pos(12), QPoint(20, 20));
         QVERIFY(m_mb->Modificado);
         QCOMPARE(cuadro()->cajaEn(en(20.5, 20.5)), 12);
 
         // The size menu of a field: the bar code has one size only.
         poner(16, 10, 15);
-        QTest::mousePress(cuadro(), Qt::RightButton, {}, en(11, 16));
-        QMenu* der = hijo<QMenu>("mnuDerecho");
-        QTRY_VERIFY(der->isVisible());
+        QMenu* der = menu(cuadro(), en(11, 16), "mnuDerecho");
         QVERIFY(hijo<QAction>("mnuDer0")->isChecked());
         for (int k = 1; k <= 3; ++k)
             QVERIFY(!hijo<QAction>(QStringLiteral("mnuDer%1").arg(k))->isEnabled());
@@ -432,9 +430,7 @@ private slots:
         const int inicial = m_mb->Sombreado;
         for (int vez = 0; vez < 2; ++vez) {
             const bool puestas = m_mb->Sombreado == 1;
-            QTest::mousePress(cuadro(), Qt::RightButton, {}, en(1, 20));
-            QMenu* m = hijo<QMenu>("mnuOcultar");
-            QTRY_VERIFY(m->isVisible());
+            QMenu* m = menu(cuadro(), en(1, 20), "mnuOcultar");
             QCOMPARE(hijo<QAction>("mnuBandas")->text(), m_mb->Textos(puestas ? 495 : 1311));
             hijo<QAction>("mnuBandas")->trigger();
             m->close();
@@ -452,16 +448,13 @@ private slots:
         m_w->refresh();
         QLabel* l = hijo<QLabel>("lblTXF2");
         QCOMPARE(l->text(), QStringLiteral("HECHO EN CASA"));
-        QTest::mousePress(l, Qt::RightButton);
-        QMenu* m = hijo<QMenu>("mnuDerecho2");
-        QTRY_VERIFY(m->isVisible());
+        QMenu* m = menu(l, QPoint(2, 2), "mnuDerecho2");
         QVERIFY(hijo<QAction>("mnuDerTXFborrar")->isEnabled());
         hijo<QAction>("mnuDerTXFborrar")->trigger();
         m->close();
         QVERIFY(m_mb->TextoFijo(1).isEmpty());
         QCOMPARE(l->text(), QStringLiteral("2 ") + m_mb->Textos(1336));
-        QTest::mousePress(hijo<QLabel>("lblTXF1"), Qt::RightButton);
-        QTRY_VERIFY(m->isVisible());
+        menu(hijo<QLabel>("lblTXF1"), QPoint(2, 2), "mnuDerecho2");
         QVERIFY(!hijo<QAction>("mnuDerTXFborrar")->isEnabled());
         m->close();
     }
@@ -471,24 +464,22 @@ private slots:
     void compatibilidad_data()
     {
         QTest::addColumn<int>("modelo");
-        QTest::addColumn<bool>("modificado");
-        QTest::addColumn<QList<Answer>>("respuestas");
+        QTest::addColumn<QList<Answer>>("respuestas"); // asked of a modified label only
         QTest::addColumn<bool>("cambia");
-        QTest::newRow("new to old") << 1 << false << QList<Answer>{} << true;
-        QTest::newRow("old to new") << 0 << false << QList<Answer>{} << true;
-        QTest::newRow("modified, no") << 1 << true << QList<Answer>{Answer::No} << true;
-        QTest::newRow("modified, cancel") << 1 << true << QList<Answer>{Answer::Cancel} << false;
+        QTest::newRow("new to old") << 1 << QList<Answer>{} << true;
+        QTest::newRow("old to new") << 0 << QList<Answer>{} << true;
+        QTest::newRow("modified, no") << 1 << QList<Answer>{Answer::No} << true;
+        QTest::newRow("modified, cancel") << 1 << QList<Answer>{Answer::Cancel} << false;
     }
 
     void compatibilidad()
     {
         QFETCH(int, modelo);
-        QFETCH(bool, modificado);
         QFETCH(QList<Answer>, respuestas);
         QFETCH(bool, cambia);
         abrir(modelo);
         poner(26, 10, 20); // the lot is only on the new model's surface
-        m_mb->Modificado = modificado;
+        m_mb->Modificado = !respuestas.isEmpty();
         m_ui.answers = respuestas;
         QCheckBox* chk = hijo<QCheckBox>("ChkCompatibilidad");
         QCOMPARE(chk->isChecked(), modelo == 1);

@@ -120,19 +120,15 @@ inline QStringList textosCortados(const QWidget& ventana)
     return fallos;
 }
 
-// A control a person can act on, by its accessible role.
-inline bool esControl(const QWidget* w)
-{
-    return qobject_cast<const QAbstractButton*>(w) || qobject_cast<const QLineEdit*>(w) ||
-           qobject_cast<const QComboBox*>(w) || qobject_cast<const QAbstractSlider*>(w);
-}
-
 // Every control that can be reached has a name a screen reader can say.
 inline QStringList sinNombreAccesible(const QWidget& ventana)
 {
     QStringList fallos;
     for (QWidget* w : ventana.findChildren<QWidget*>()) {
-        if (!esControl(w) || !w->isVisibleTo(&ventana))
+        // A control a person can act on, by its accessible role.
+        const bool control = qobject_cast<QAbstractButton*>(w) || qobject_cast<QLineEdit*>(w) ||
+                             qobject_cast<QComboBox*>(w) || qobject_cast<QAbstractSlider*>(w);
+        if (!control || !w->isVisibleTo(&ventana))
             continue;
         // The inner parts of a composite control (a combo box's list) are
         // the composite's.
