@@ -1,5 +1,5 @@
-// The main window as a person uses it: the mouse on the surface, the pop-up
-// menus, the tool bar, the model check box and a change of language, on the
+// The main window as a person uses it: the mouse and the keys on the
+// surface, the pop-up menus, the tool bar and the model check box, on the
 // offscreen platform.
 #include "Catalogo.h"
 #include "CatalogoCampos.h"
