@@ -13,6 +13,7 @@
 #include "TextLines.h"
 
 using recorrido::hijo;
+using recorrido::mostrar;
 
 namespace {
 
@@ -103,8 +104,7 @@ private slots:
         const bool modificado = respuesta != QMessageBox::NoButton;
         QtInteraction ui;
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         if (modificado)
             QTest::keyClicks(hijo<QLineEdit>(w, "TxtNomEtiq"), "QUESO");
         QScrollBar* vs = hijo<QScrollBar>(w, "VSEtiq");
@@ -191,8 +191,7 @@ private slots:
             m_mb->TextoLibre(i) = QByteArray(25, 'W');
         m_mb->AnchoEtiqueta = "60";
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         w.menuIdioma(idioma)->trigger();
         // At the first zoom and at a large one.
         for (const char* tipo : {"V", "T"}) {
@@ -244,16 +243,14 @@ private slots:
         ScriptedInteraction ui;
         {
             frmBase w(*m_mb, ui);
-            w.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            mostrar(w);
             w.fijarZoom(2);
             w.resize(tamano);
             QVERIFY(w.close());
         }
         const QByteArray cfg = m_dir->read(QStringLiteral("cfg.ini"));
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         QCOMPARE(w.cuadro()->zoom(), 2.0);
         const QRect libre = w.screen()->availableGeometry();
         QVERIFY(libre.contains(w.frameGeometry()));
@@ -270,8 +267,7 @@ private slots:
         ScriptedInteraction ui;
         m_mb->AnchoEtiqueta = "60";
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         const QRect libre = w.screen()->availableGeometry();
         if (libre.width() < 1280 || libre.height() < 720)
             QSKIP("run on a screen of 1366 x 768, or of 1920 x 1080 at 150 %");
@@ -322,8 +318,7 @@ private slots:
         QtInteraction ui;
         frmBase w(*m_mb, ui);
         ui.setParent(&w);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         QStringList visto; // each dialog's text and buttons, then it is cancelled
         recorrido::AlAbrirse persona([&](QWidget& d) {
             if (auto* box = qobject_cast<QMessageBox*>(&d)) {
@@ -404,9 +399,19 @@ private slots:
             contenido = joinLines(splitLines(sano).mid(0, 7)) +
                         "Fondo = " + QByteArray(10 * 1024 * 1024, 'x') + "\r\n";
         m_dir->write("cfg.ini", contenido);
+        // The whole life of the program in the test's folder, with the real
+        // main window shown and drawn once, then closed.
         ModBase mb;
+        m_dir->attach(mb);
         ScriptedInteraction ui;
-        QCOMPARE(arrancar(mb, ui), 0);
+        ScriptedWindows ventanas(ui.log);
+        ventanas.whileBaseOpen = [&](ModBase& m) {
+            frmBase w(m, ui);
+            mostrar(w);
+            QVERIFY(!w.grab().isNull()); // the surface with its background, drawn
+            w.close();
+        };
+        QCOMPARE(Main(mb, ui, ventanas), 0);
         const QByteArray despues = m_dir->read("cfg.ini");
         const QString aviso = "message: " + mb.Textos(1343) + " : " + mb.Textos(222);
         QCOMPARE(ui.log.contains(aviso), caso.aviso);
@@ -418,22 +423,6 @@ private slots:
     }
 
 private:
-    // The whole life of the program in the test's folder, with the real main
-    // window shown and drawn once, then closed.
-    int arrancar(ModBase& mb, ScriptedInteraction& ui)
-    {
-        m_dir->attach(mb);
-        ScriptedWindows ventanas(ui.log);
-        ventanas.whileBaseOpen = [&](ModBase& m) {
-            frmBase w(m, ui);
-            w.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&w));
-            QVERIFY(!w.grab().isNull()); // the surface with its background, drawn
-            w.close();
-        };
-        return Main(mb, ui, ventanas);
-    }
-
     std::unique_ptr<ProgramDir> m_dir;
     std::unique_ptr<ModBase> m_mb;
 };

@@ -22,6 +22,7 @@
 #include <QWindow>
 
 using recorrido::hijo;
+using recorrido::mostrar;
 
 namespace {
 
@@ -44,12 +45,6 @@ void elegir(QComboBox* c, int i)
         QTest::keyClick(c->view(), k < i ? Qt::Key_Down : Qt::Key_Up);
     QTest::keyClick(c->view(), Qt::Key_Return);
     QCOMPARE(c->currentIndex(), i);
-}
-
-void mostrar(QWidget& w)
-{
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
 }
 
 // Calls `f` with the window named `nombre` as it is shown, before anything

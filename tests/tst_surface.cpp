@@ -33,6 +33,7 @@ private:
 
     void abrir(int modelo = 1, const char* tipo = "V")
     {
+        m_w.reset();
         m_dir.reset(new ProgramDir);
         m_mb.reset(new ModBase);
         m_dir->prepare(*m_mb);
@@ -41,8 +42,8 @@ private:
         m_ui.log.clear();
         m_ui.answers.clear();
         m_w.reset(new frmBase(*m_mb, m_ui));
-        m_w->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_w.get()));
+        recorrido::mostrar(*m_w);
+        m_w->activateWindow();
     }
 
     Cuadro* cuadro() const { return m_w->cuadro(); }
@@ -85,13 +86,13 @@ private:
     }
 
 private slots:
+    void init() { abrir(); }
+
     // The keyboard on the selection, and undo and redo by their keys: each
     // press one step, a drag one step, and the entries say what they undo.
     void tecladoYDeshacer()
     {
-        abrir();
         QWidget* w = m_w.get();
-        w->activateWindow();
         // A palette button by its mnemonic: the weight comes onto the label.
         const QChar letra = letraMnemonico(hijo<QPushButton>("CBDisplay2")->text());
         QTest::keyClick(w, letra.toLatin1(), Qt::AltModifier);
@@ -150,10 +151,8 @@ private slots:
     void zoomArrastre()
     {
         QFETCH(double, zoom);
-        abrir();
         poner(12, 10, 20);
         QWidget* w = m_w.get();
-        w->activateWindow();
         m_w->fijarZoom(zoom);
         QTest::mouseClick(cuadro(), Qt::LeftButton, {}, en(11.1, 21.1));
         QCOMPARE(pos(12), QPoint(10, 20));
@@ -184,7 +183,6 @@ private slots:
     // text typed and its field on the surface go and come back together.
     void deshacerDialogo()
     {
-        abrir();
         const QByteArray antes = m_mb->TextoLibre(5);
         {
             recorrido::AlAbrirse persona([](QWidget& d) {
@@ -243,7 +241,6 @@ private slots:
         QFETCH(int, left);
         QFETCH(int, top);
         QFETCH(bool, admitido);
-        abrir();
         hijo<QScrollBar>("VSVer")->setValue(largo);
         QTest::mouseClick(hijo<QPushButton>("CBDisplay2"), Qt::LeftButton); // Peso
         const Campo& peso = m_mb->Campos(11);
@@ -262,7 +259,6 @@ private slots:
     // them all, and a field let go on the window's text boxes stays.
     void seleccionYGrupo()
     {
-        abrir();
         poner(11, 10, 10);
         poner(12, 30, 20);
         QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, en(11, 11));
@@ -309,7 +305,6 @@ private slots:
     {
         QFETCH(int, dx);
         QFETCH(int, dy);
-        abrir();
         poner(17, 11, 13); // a date, 12.5 wide, at odd places
         const QPoint p = cuadro()->rectCaja(17).topLeft().toPoint() + QPoint(dx, dy);
         QTest::mouseClick(cuadro(), Qt::LeftButton, {}, p);
@@ -322,7 +317,6 @@ private slots:
     // next command that is no load leaves it there.
     void centrado()
     {
-        abrir();
         poner(17, 11, 20);
         QTest::mouseDClick(cuadro(), Qt::LeftButton, {}, en(12, 21));
         QToolBar* tb = hijo<QToolBar>("Toolbar1");
@@ -336,7 +330,6 @@ private slots:
     // A free text's box tells which free text it is when the pointer rests on it.
     void consejoTextoLibre()
     {
-        abrir();
         m_mb->TextoLibre(5) = "OFERTA"; // free text 6, the second group's first
         poner(27, 10, 20);
         const QPoint p = cuadro()->rectCaja(27).center().toPoint();
@@ -395,7 +388,6 @@ private slots:
     // The left band's menu toggles the bands, and is captioned by their state.
     void bandas()
     {
-        abrir();
         const int inicial = m_mb->Sombreado;
         for (int vez = 0; vez < 2; ++vez) {
             const bool puestas = m_mb->Sombreado == 1;
@@ -412,7 +404,6 @@ private slots:
     // A right press on a fixed text label opens its menu; Borrar empties it.
     void textoFijo()
     {
-        abrir();
         m_mb->TextoFijo(1) = "HECHO EN CASA";
         m_w->refresh();
         QLabel* l = hijo<QLabel>("lblTXF2");
@@ -485,7 +476,6 @@ private slots:
         QFETCH(QString, clave);
         QFETCH(QList<Answer>, respuestas);
         QFETCH(QString, efecto);
-        abrir();
         bool cerrado = false;
         connect(m_w.get(), &frmBase::cerrado, this, [&] { cerrado = true; });
         poner(11, 20, 20);

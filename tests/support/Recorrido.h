@@ -21,6 +21,13 @@ template <typename T> T* hijo(const QWidget& w, const QString& nombre)
     return h;
 }
 
+// The window on the screen, drawn.
+inline void mostrar(QWidget& w)
+{
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+}
+
 // The person at the screen: `f` meets each modal window once, as it shows,
 // inside the window's own event loop, and answers it as it sees fit.
 class AlAbrirse : public QObject {
