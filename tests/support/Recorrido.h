@@ -120,8 +120,7 @@ inline QStringList textosCortados(const QWidget& ventana)
             const int alrededor =
                 b->style()->sizeFromContents(tipo, &opt, QSize(ancho, fm.height()), b).width() -
                 ancho;
-            const QSize necesita(fm.horizontalAdvance(t) + alrededor, 0);
-            medir(b, t, necesita.width(), b->width());
+            medir(b, t, fm.horizontalAdvance(t) + alrededor, b->width());
         }
     }
     return fallos;
