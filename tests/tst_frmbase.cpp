@@ -1,34 +1,23 @@
-#include "Arranque.h"
 #include "ArchivoDanado.h"
+#include "Arranque.h"
 #include "Catalogo.h"
 #include "Configuracion.h"
+#include "Cuadro.h"
+#include "frmBase.h"
+#include "frmSplash.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
-#include "Cuadro.h"
 #include "QtInteraction.h"
 #include "Recorrido.h"
 #include "ScriptedInteraction.h"
-#include "frmBase.h"
 #include "TextLines.h"
-#include "frmSplash.h"
 
-#include <QAction>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QTimer>
-#include <QToolBar>
-#include <QtTest>
+using recorrido::hijo;
+using recorrido::mostrar;
 
 namespace {
 
+// The menu bar's captions, its menus' and their entries'.
 QStringList captions(const frmBase& w)
 {
     QStringList out;
@@ -42,62 +31,17 @@ QStringList captions(const frmBase& w)
     return out;
 }
 
-// The person at the screen: every question box that opens is answered with
-// the next answer, and with Cancel once they have run out; counts them.
-class Respondedor : public QObject {
-public:
-    explicit Respondedor(QList<QMessageBox::StandardButton> respuestas)
-        : m_respuestas(std::move(respuestas))
-    {
-        connect(&m_timer, &QTimer::timeout, this, [this] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box || !box->isVisible() || box == m_ultima)
-                return;
-            m_ultima = box;
-            ++preguntas;
-            const auto r = m_respuestas.isEmpty() ? QMessageBox::Cancel : m_respuestas.takeFirst();
-            QTest::mouseClick(box->button(r), Qt::LeftButton);
-        });
-        m_timer.start(20);
-    }
-    int preguntas = 0;
-
-private:
-    QList<QMessageBox::StandardButton> m_respuestas;
-    QTimer m_timer;
-    QPointer<QMessageBox> m_ultima;
+// A start of the program on a cfg.ini, sound or damaged, naming a background.
+struct Arranque {
+    QString dano;     // of cfg.ini, as archivoDanado makes it; "" sound
+    QString fondo;    // the background: in the source tree, or written here
+    QByteArray bytes; // of a background written here
+    bool aviso;       // the background is reported unreadable
 };
 
-// Every field on the label, each at its own place, so that every box of
-// the surface shows its caption.
-void todosLosCampos(ModBase& mb)
-{
-    const int n = mb.ModeloNuevo ? 36 : 25;
-    for (int i = 1; i <= n; ++i)
-        mb.Campos(i).Presente = "1";
-    // Free texts as long as they may be: their boxes are as wide as their texts.
-    for (int i = 0; i < 15; ++i)
-        mb.TextoLibre(i) = QByteArray(25, 'W');
-}
-
-// Answers the next modal box with the button `boton`, after `mirar` has
-// looked at it.
-void responder(QMessageBox::StandardButton boton, std::function<void(QMessageBox&)> mirar)
-{
-    QTimer::singleShot(0, [boton, mirar] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        QVERIFY(box);
-        mirar(*box);
-        QTest::mouseClick(box->button(boton), Qt::LeftButton);
-    });
-}
-
-QString avisoFondo(const ModBase& mb)
-{
-    return "message: " + mb.Textos(1343) + " : " + mb.Textos(222);
-}
-
 } // namespace
+
+Q_DECLARE_METATYPE(Arranque)
 
 class TestFrmBase : public QObject {
     Q_OBJECT
@@ -110,63 +54,34 @@ private slots:
         m_dir->prepare(*m_mb);
     }
 
-    // Every caption of the menu bar comes from the catalogue, in every language.
-    void captionsEnCadaIdioma()
-    {
-        ScriptedInteraction ui;
-        frmBase w(*m_mb, ui);
-        QCOMPARE(w.windowTitle(), QStringLiteral("Korvo v1.0"));
-        const QStringList spanish = captions(w);
-        QCOMPARE(spanish.size(), 31);
-        QVERIFY(spanish.contains(m_mb->Textos(1296) + "..."));
-        QVERIFY(spanish.contains(QStringLiteral("&Griego")));
-        for (int lang = 2; lang <= 8; ++lang) {
-            w.menuIdioma(lang)->trigger();
-            QCOMPARE(m_mb->Idioma, int16_t(lang));
-            QVERIFY(w.menuIdioma(lang)->isChecked());
-            QVERIFY(!w.menuIdioma(1)->isChecked());
-            const QStringList now = captions(w);
-            QCOMPARE(now.size(), spanish.size());
-            for (const QString& c : now)
-                QVERIFY2(!c.isEmpty() && c != "...", qPrintable(QString::number(lang)));
-            QCOMPARE(now.first(), m_mb->Textos(1292));
-            // The about entry opens a box of its own: no dots.
-            QCOMPARE(w.findChild<QAction*>("mnuAcerca")->text(), m_mb->Textos(296));
-        }
-        // Greek captions in Greek letters.
-        w.menuIdioma(7)->trigger();
-        QVERIFY(captions(w).first().contains(QRegularExpression("[\\x{0391}-\\x{03C9}]")));
-    }
-
+    // Closing asks first about a modified label; Yes saves, and a label
+    // with no file yet asks for one.
     void cierre_data()
     {
-        QTest::addColumn<bool>("modificado");
-        QTest::addColumn<QList<Answer>>("respuestas");
+        QTest::addColumn<QList<Answer>>("respuestas"); // the label is modified when there are any
         QTest::addColumn<bool>("cerrada");
-        QTest::addColumn<bool>("guardado"); // the label has no file yet: Save As asks for one
-        QTest::newRow("clean closes") << false << QList<Answer>{} << true << false;
-        QTest::newRow("yes saves and closes") << true << QList<Answer>{Answer::Yes} << true << true;
-        QTest::newRow("no closes") << true << QList<Answer>{Answer::No} << true << false;
-        QTest::newRow("cancel stays") << true << QList<Answer>{Answer::Cancel} << false << false;
+        QTest::addColumn<bool>("guardado");
+        QTest::newRow("clean closes") << QList<Answer>{} << true << false;
+        QTest::newRow("yes saves and closes") << QList<Answer>{Answer::Yes} << true << true;
+        QTest::newRow("no closes") << QList<Answer>{Answer::No} << true << false;
+        QTest::newRow("cancel stays") << QList<Answer>{Answer::Cancel} << false << false;
     }
 
     void cierre()
     {
-        QFETCH(bool, modificado);
         QFETCH(QList<Answer>, respuestas);
         QFETCH(bool, cerrada);
-        QFETCH(bool, guardado);
         ScriptedInteraction ui;
         ui.answers = respuestas;
         frmBase w(*m_mb, ui);
         bool closed = false;
         connect(&w, &frmBase::cerrado, this, [&] { closed = true; });
         w.show();
-        m_mb->Modificado = modificado; // the load leaves the label clean
-        w.findChild<QAction*>("mnuArchivoSalir")->trigger();
+        m_mb->Modificado = !respuestas.isEmpty(); // the load leaves the label clean
+        hijo<QAction>(w, "mnuArchivoSalir")->trigger();
         QCOMPARE(closed, cerrada);
         QCOMPARE(w.isVisible(), !cerrada);
-        QCOMPARE(ui.log.contains("save: " + m_mb->Textos(1316) + " (*.ose)|*.ose"), guardado);
+        QTEST(ui.log.contains("save: " + m_mb->Textos(1316) + " (*.ose)|*.ose"), "guardado");
         QCOMPARE(ui.answers.size(), 0);
     }
 
@@ -175,42 +90,40 @@ private slots:
     // puts the selector back and nothing more happens.
     void selectorEtiqueta_data()
     {
-        QTest::addColumn<bool>("modificado");
-        QTest::addColumn<QList<QMessageBox::StandardButton>>("respuestas");
+        QTest::addColumn<QMessageBox::StandardButton>("respuesta"); // to a name typed, if any
         QTest::addColumn<int>("paso"); // where the selector ends, from where it started
-        QTest::newRow("unchanged: one step") << false << QList<QMessageBox::StandardButton>{} << 1;
-        QTest::newRow("changed, no: one step")
-            << true << QList<QMessageBox::StandardButton>{QMessageBox::No} << 1;
-        QTest::newRow("changed, cancel: back")
-            << true << QList<QMessageBox::StandardButton>{QMessageBox::Cancel} << 0;
+        QTest::newRow("unchanged: one step") << QMessageBox::NoButton << 1;
+        QTest::newRow("changed, no: one step") << QMessageBox::No << 1;
+        QTest::newRow("changed, cancel: back") << QMessageBox::Cancel << 0;
     }
 
     void selectorEtiqueta()
     {
-        QFETCH(bool, modificado);
-        QFETCH(QList<QMessageBox::StandardButton>, respuestas);
+        QFETCH(QMessageBox::StandardButton, respuesta);
         QFETCH(int, paso);
+        const bool modificado = respuesta != QMessageBox::NoButton;
         QtInteraction ui;
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         if (modificado)
-            QTest::keyClicks(w.findChild<QLineEdit*>("TxtNomEtiq"), "QUESO");
-        QCOMPARE(m_mb->Modificado, modificado);
-        QScrollBar* vs = w.findChild<QScrollBar*>("VSEtiq");
+            QTest::keyClicks(hijo<QLineEdit>(w, "TxtNomEtiq"), "QUESO");
+        QScrollBar* vs = hijo<QScrollBar>(w, "VSEtiq");
         const int inicial = vs->value();
         const QByteArray numero = m_mb->NumEtiqueta;
 
-        Respondedor persona(respuestas);
+        int preguntas = 0;
+        recorrido::AlAbrirse persona([&](QWidget& d) {
+            ++preguntas;
+            QTest::mouseClick(static_cast<QMessageBox&>(d).button(respuesta), Qt::LeftButton);
+        });
         const QPoint flecha(vs->width() / 2, vs->height() - 4); // the down arrow
         QTest::mousePress(vs, Qt::LeftButton, {}, flecha);
         QTest::qWait(800); // past the scroll bar's wait before it repeats
         QTest::mouseRelease(vs, Qt::LeftButton, {}, flecha);
         QTest::qWait(300);
 
-        QCOMPARE(persona.preguntas, modificado ? 1 : 0);
-        QCOMPARE(vs->value(), inicial + paso);
-        QCOMPARE(w.findChild<QLineEdit*>("TxtNumEtiq")->text(), QString::number(inicial + paso));
+        QCOMPARE(preguntas, modificado ? 1 : 0);
+        QCOMPARE(hijo<QLineEdit>(w, "TxtNumEtiq")->text(), QString::number(inicial + paso));
         QCOMPARE(m_mb->NumEtiqueta, paso ? QByteArray::number(inicial + paso) : numero);
         // Cancel keeps the label as it was, changes and all.
         QCOMPARE(m_mb->Modificado, modificado && !paso);
@@ -251,11 +164,11 @@ private slots:
         }
         w.open();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QCOMPARE(w.findChild<QLabel*>("lblVersion")->text(), QStringLiteral("v 1.0"));
+        QCOMPARE(hijo<QLabel>(w, "lblVersion")->text(), QStringLiteral("v 1.0"));
         if (cierre == "key")
             QTest::keyClick(&w, Qt::Key_Space);
         else if (cierre == "click")
-            QTest::mouseClick(w.findChild<QLabel*>("lblVersion"), Qt::LeftButton);
+            QTest::mouseClick(hijo<QLabel>(w, "lblVersion"), Qt::LeftButton);
         QTRY_COMPARE_WITH_TIMEOUT(closed.size(), 1, 5000);
         // Only the timer marks the start-up splash as gone.
         QCOMPARE(m_mb->ArranqueInicial, arranque && cierre != "timer");
@@ -271,11 +184,14 @@ private slots:
         QFETCH(int, idioma);
         ScriptedInteraction ui;
         m_mb->ModeloNuevo = 1;
-        todosLosCampos(*m_mb);
+        // Every field, free texts as long as they may be: each box shows its caption.
+        for (int i = 1; i <= 36; ++i)
+            m_mb->Campos(i).Presente = "1";
+        for (int i = 0; i < 15; ++i)
+            m_mb->TextoLibre(i) = QByteArray(25, 'W');
         m_mb->AnchoEtiqueta = "60";
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         w.menuIdioma(idioma)->trigger();
         // At the first zoom and at a large one.
         for (const char* tipo : {"V", "T"}) {
@@ -287,27 +203,27 @@ private slots:
             const Cuadro* c = w.cuadro();
             for (int n = 1; n <= 36; ++n) {
                 const Caja& caja = w.editor().superficie.Imagen(n);
-                if (!caja.visible)
-                    continue;
                 const int necesita = QFontMetrics(c->fuenteCaja(n)).horizontalAdvance(caja.caption);
-                if (necesita > c->rectTexto(n).width())
-                    fallos.append(QStringLiteral("box %1 \"%2\" needs %3 px, has %4")
-                                      .arg(n).arg(caja.caption).arg(necesita).arg(c->rectTexto(n).width()));
+                if (caja.visible && necesita > c->rectTexto(n).width())
+                    fallos.append(
+                        QStringLiteral("box %1 \"%2\" too narrow").arg(n).arg(caja.caption));
             }
             for (const Regla* r : w.findChildren<Regla*>())
                 for (int i = 10; i <= 60; i += 10) {
                     const QRectF donde = r->rectNumero(i);
-                    const QRectF texto = QFontMetricsF(r->fuente()).boundingRect(QString::number(i));
+                    const QRectF texto =
+                        QFontMetricsF(r->fuente()).boundingRect(QString::number(i));
                     if (donde.bottom() > r->height() + 0.5 || donde.right() > r->width() + 0.5 ||
-                        texto.width() > donde.width() + 0.5 || texto.height() > donde.height() + 0.5)
+                        texto.width() > donde.width() + 0.5 ||
+                        texto.height() > donde.height() + 0.5)
                         if (donde.left() < r->width() && donde.top() < r->height())
-                            fallos.append(QStringLiteral("%1: %2 outside").arg(r->objectName()).arg(i));
+                            fallos.append(
+                                QStringLiteral("%1: %2 outside").arg(r->objectName()).arg(i));
                 }
             // The two sizes' arrows stand apart.
-            const QRect hor = w.findChild<QScrollBar*>("VSHor")->geometry();
-            const QRect ver = w.findChild<QScrollBar*>("VSVer")->geometry();
-            if (hor.bottom() + 4 > ver.top())
-                fallos.append(QStringLiteral("VSHor ends at %1, VSVer starts at %2").arg(hor.bottom()).arg(ver.top()));
+            const QRect hor = hijo<QScrollBar>(w, "VSHor")->geometry();
+            if (hor.bottom() + 4 > hijo<QScrollBar>(w, "VSVer")->geometry().top())
+                fallos.append(QStringLiteral("VSHor and VSVer overlap"));
             QVERIFY2(fallos.isEmpty(), qPrintable(tipo + QStringLiteral(": ") + fallos.join("\n")));
         }
     }
@@ -317,33 +233,28 @@ private slots:
     void ventanaRecordada_data()
     {
         QTest::addColumn<QSize>("tamano");
-        QTest::addColumn<bool>("cabe");
-        QTest::newRow("a size that fits") << QSize(640, 480) << true;
-        QTest::newRow("larger than the screen") << QSize(5000, 4000) << false;
+        QTest::newRow("a size that fits") << QSize(640, 480);
+        QTest::newRow("larger than the screen") << QSize(5000, 4000);
     }
 
     void ventanaRecordada()
     {
         QFETCH(QSize, tamano);
-        QFETCH(bool, cabe);
         ScriptedInteraction ui;
         {
             frmBase w(*m_mb, ui);
-            w.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            mostrar(w);
             w.fijarZoom(2);
             w.resize(tamano);
             QVERIFY(w.close());
         }
         const QByteArray cfg = m_dir->read(QStringLiteral("cfg.ini"));
-        QVERIFY(m_dir->exists(QStringLiteral("ventana.ini")));
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         QCOMPARE(w.cuadro()->zoom(), 2.0);
         const QRect libre = w.screen()->availableGeometry();
         QVERIFY(libre.contains(w.frameGeometry()));
-        if (cabe)
+        if (tamano.width() < libre.width())
             QCOMPARE(w.size(), tamano);
         QCOMPARE(m_dir->read(QStringLiteral("cfg.ini")), cfg);
     }
@@ -356,223 +267,162 @@ private slots:
         ScriptedInteraction ui;
         m_mb->AnchoEtiqueta = "60";
         frmBase w(*m_mb, ui);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        mostrar(w);
         const QRect libre = w.screen()->availableGeometry();
         if (libre.width() < 1280 || libre.height() < 720)
             QSKIP("run on a screen of 1366 x 768, or of 1920 x 1080 at 150 %");
+        const auto* area = hijo<QScrollArea>(w, "areaLienzo");
         for (int idioma = 1; idioma <= 8; ++idioma) {
             w.menuIdioma(idioma)->trigger();
             for (const char* tipo : {"V", "T"}) {
                 m_mb->TipoEtiqueta = tipo;
                 w.refresh();
                 QCoreApplication::processEvents();
-                const QString donde = QStringLiteral("%1 %2: %3x%4 on %5x%6")
-                                          .arg(idioma).arg(tipo)
-                                          .arg(w.frameGeometry().width()).arg(w.frameGeometry().height())
-                                          .arg(libre.width()).arg(libre.height());
+                QString donde;
+                QDebug(&donde) << idioma << tipo << w.frameGeometry() << "on" << libre;
                 QVERIFY2(libre.contains(w.frameGeometry()), qPrintable(donde));
-                const auto* area = w.findChild<QScrollArea*>("areaLienzo");
-                QVERIFY2(area->viewport()->width() >= area->widget()->minimumSizeHint().width() &&
-                             area->viewport()->height() >= area->widget()->minimumSizeHint().height(),
+                const QSize necesita = area->widget()->minimumSizeHint();
+                QVERIFY2(area->viewport()->width() >= necesita.width() &&
+                             area->viewport()->height() >= necesita.height(),
                          qPrintable(donde));
             }
         }
     }
 
-    // Every control of the window has a name a screen reader says, from the
-    // catalogue, in every language.
-    void nombresAccesibles()
-    {
-        ScriptedInteraction ui;
-        frmBase w(*m_mb, ui);
-        w.show();
-        for (int idioma : {1, 7}) {
-            w.menuIdioma(idioma)->trigger();
-            QVERIFY2(recorrido::sinNombreAccesible(w).isEmpty(),
-                     qPrintable(recorrido::sinNombreAccesible(w).join(", ")));
-            const auto nombre = [&](const char* control) {
-                QWidget* c = w.findChild<QWidget*>(control);
-                return QAccessible::queryAccessibleInterface(c)->text(QAccessible::Name);
-            };
-            QCOMPARE(nombre("TxtNomEtiq"), m_mb->Textos(552));
-            QCOMPARE(nombre("VSVer"), m_mb->Textos(1306));
-            QCOMPARE(nombre("TxtValorHor"), m_mb->Textos(1305));
-            QCOMPARE(nombre("VSEtiq"), m_mb->Textos(1317));
-            QToolBar* barra = w.findChild<QToolBar*>("Toolbar1");
-            QAction* abrir = w.findChild<QAction*>("Abrir");
-            QWidget* boton = barra->widgetForAction(abrir);
-            QCOMPARE(QAccessible::queryAccessibleInterface(boton)->text(QAccessible::Name), m_mb->Textos(1311));
-        }
-    }
-
-    // The standard buttons of a question and the file dialog speak the
-    // language in force: the one of the start, and the one chosen next.
-    void qtEnElIdioma_data()
+    // The standard buttons of a question speak the language of the start. A
+    // new language reaches the file dialog's, the window's captions (none
+    // empty) and the names a screen reader says, and leaves the label alone.
+    void idioma_data()
     {
         QTest::addColumn<int>("alArrancar");
         QTest::addColumn<int>("idioma");
         QTest::addColumn<QString>("buscarEn"); // the file dialog's "Look in:", Qt's own
-        const char* buscarEn[8] = {"Ver en:", "Look in:", "Procurar em:", "Zoeken in:",
-                                   "Voir dans :", "Cerca in:",
-                                   "Αναζήτηση σε:", // the catalogue's: the system's Qt has no Greek
-                                   "Szukaj w:"};
+        const char* buscarEn[8] = {
+            "Ver en:",       "Look in:", "Procurar em:", "Zoeken in:", "Voir dans :", "Cerca in:",
+            "Αναζήτηση σε:", // the catalogue's: the system's Qt has no Greek
+            "Szukaj w:"};
         for (int i = 1; i <= 8; ++i) {
             const int despues = i % 8 + 1;
-            QTest::addRow("%s, then %s", qPrintable(captionIdioma(i)), qPrintable(captionIdioma(despues)))
+            QTest::addRow("%s, then %s", qPrintable(captionIdioma(i)),
+                          qPrintable(captionIdioma(despues)))
                 << i << despues << QString::fromUtf8(buscarEn[despues - 1]);
         }
     }
 
-    void qtEnElIdioma()
+    void idioma()
     {
         QFETCH(int, alArrancar);
         QFETCH(int, idioma);
+        QFETCH(QString, buscarEn);
         m_dir->prepare(*m_mb, alArrancar);
         QtInteraction ui;
         frmBase w(*m_mb, ui);
         ui.setParent(&w);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        const TextTable& T = m_mb->Textos;
-        // The close question, cancelled.
-        m_mb->Modificado = true;
-        bool visto = false;
-        responder(QMessageBox::Cancel, [&](QMessageBox& box) {
-            QCOMPARE(box.text(), T(1315));
-            QCOMPARE(recorrido::sinMnemonico(box.button(QMessageBox::Yes)->text()), T(285));
-            QCOMPARE(recorrido::sinMnemonico(box.button(QMessageBox::No)->text()), T(286));
-            QCOMPARE(recorrido::sinMnemonico(box.button(QMessageBox::Cancel)->text()), T(288));
-            visto = true;
-        });
-        w.findChild<QAction*>("mnuArchivoSalir")->trigger();
-        QVERIFY(visto);
-        QVERIFY(w.isVisible());
-        // The open dialog in the next language, cancelled.
-        w.menuIdioma(idioma)->trigger();
-        m_mb->Modificado = false;
-        QString etiqueta, abrir;
-        QTimer::singleShot(0, [&] {
-            auto* d = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(d);
-            etiqueta = d->findChild<QLabel*>("lookInLabel")->text();
-            auto* botones = d->findChild<QDialogButtonBox*>("buttonBox");
-            abrir = recorrido::sinMnemonico(botones->button(QDialogButtonBox::Open)->text());
+        mostrar(w);
+        QStringList visto; // each dialog's text and buttons, then it is cancelled
+        recorrido::AlAbrirse persona([&](QWidget& d) {
+            if (auto* box = qobject_cast<QMessageBox*>(&d)) {
+                visto << box->text();
+                for (auto b : {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel})
+                    visto << recorrido::sinMnemonico(box->button(b)->text());
+                QTest::mouseClick(box->button(QMessageBox::Cancel), Qt::LeftButton);
+                return;
+            }
+            auto* botones = hijo<QDialogButtonBox>(d, "buttonBox");
+            visto << hijo<QLabel>(d, "lookInLabel")->text()
+                  << recorrido::sinMnemonico(botones->button(QDialogButtonBox::Open)->text());
             QTest::mouseClick(botones->button(QDialogButtonBox::Cancel), Qt::LeftButton);
         });
-        w.findChild<QAction*>("mnuArchivoCargar")->trigger();
-        QFETCH(QString, buscarEn);
-        QCOMPARE(etiqueta, buscarEn);
-        QCOMPARE(abrir, T(1311));
+        const TextTable& T = m_mb->Textos;
+        m_mb->Modificado = true;
+        hijo<QAction>(w, "mnuArchivoSalir")->trigger();
+        QVERIFY(w.isVisible());
+        QCOMPARE(visto, (QStringList{T(1315), T(285), T(286), T(288)}));
+        m_mb->Modificado = false;
+        w.menuIdioma(idioma)->trigger();
+        QVERIFY(!m_mb->Modificado);
+        QVERIFY(!w.menuIdioma(alArrancar)->isChecked());
+        const QStringList menus = captions(w);
+        QVERIFY(!menus.contains("") && !menus.contains("..."));
+        QCOMPARE(menus.first(), T(1292));
+        QCOMPARE(hijo<QPushButton>(w, "CBDisplay0")->text().remove('&'), T(1307));
+        QCOMPARE(hijo<QLabel>(w, "TxtVer")->text(), T(1306));
+        QCOMPARE(w.editor().superficie.Imagen(11).caption, T(130));
+        const QStringList sinNombre = recorrido::sinNombreAccesible(w);
+        QVERIFY2(sinNombre.isEmpty(), qPrintable(sinNombre.join(", ")));
+        QCOMPARE(QAccessible::queryAccessibleInterface(hijo<QWidget>(w, "VSVer"))
+                     ->text(QAccessible::Name),
+                 T(1306));
+        visto.clear();
+        hijo<QAction>(w, "mnuArchivoCargar")->trigger();
+        QCOMPARE(visto, (QStringList{buscarEn, T(1311)}));
     }
 
-    // The background kept in cfg.ini is loaded and drawn as the window
-    // opens. However the picture is made, the program goes on: one it cannot
-    // read is reported and forgotten, so the next start does not meet it.
-    void fondoAlArrancar_data()
+    // The program starts on a cfg.ini, sound or damaged, and loads and draws
+    // the background it names. However the picture is made, the program
+    // goes on: one it cannot read is reported and forgotten, and the next
+    // start reads the file left whole.
+    void arranque_data()
     {
-        QTest::addColumn<QString>("archivo"); // in the source tree, or written here
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("legible");
+        QTest::addColumn<Arranque>("caso");
         const QString corpus = QStringLiteral(KORVO_SOURCE_DIR "/fuzz/corpus/");
+        const QString rotos =
+            QStringLiteral(KORVO_SOURCE_DIR "/tests/data/preview/metafiles/damaged/");
         // Texts whose glyphs are thousands of pixels wide and a fraction of one high.
         QTest::newRow("emf text squashed by its frame")
-            << corpus + "emf/emf-text-crash.emf" << QByteArray() << true;
+            << Arranque{"", corpus + "emf/emf-text-crash.emf", {}, false};
         QTest::newRow("wmf text of a huge width")
-            << corpus + "wmf/wmf-text-crash.wmf" << QByteArray() << true;
-        QTest::newRow("bmp cut") << "cut.bmp"
-                                 << QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0", 16)
-                                 << false;
-        QTest::newRow("ico cut") << "cut.ico" << QByteArray("\0\0\1\0\1\0", 6) << false;
-        QTest::newRow("jpeg cut") << "cut.jpg" << QByteArray("\xFF\xD8\xFF\xE0\0\x10JFIF", 10)
-                                  << false;
-        const QString rotos = QStringLiteral(KORVO_SOURCE_DIR "/tests/data/preview/metafiles/damaged/");
-        QTest::newRow("wmf cut") << rotos + "cut-header.wmf" << QByteArray() << false;
-        QTest::newRow("emf cut") << rotos + "cut.emf" << QByteArray() << false;
-        QTest::newRow("binary") << "ruido.bmp" << QByteArray(4096, '\xA5') << false;
+            << Arranque{"", corpus + "wmf/wmf-text-crash.wmf", {}, false};
+        QTest::newRow("wmf cut") << Arranque{"", rotos + "cut-header.wmf", {}, true};
+        QTest::newRow("emf cut") << Arranque{"", rotos + "cut.emf", {}, true};
+        QTest::newRow("noise") << Arranque{"", "ruido.bmp", QByteArray(4096, '\xA5'), true};
+        QTest::newRow("cfg binary") << Arranque{"binary", "", {}, false};
+        QTest::newRow("cfg truncated") << Arranque{"truncated", "", {}, false};
+        QTest::newRow("cfg UTF-16") << Arranque{"UTF-16", "", {}, false};
+        // The long path reaches the picture loader, which cannot open it.
+        QTest::newRow("10 MB picture path") << Arranque{"10 MB path", "", {}, true};
     }
 
-    void fondoAlArrancar()
+    void arranque()
     {
-        QFETCH(QString, archivo);
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, legible);
-        QString ruta = archivo;
-        if (QFileInfo(archivo).isRelative()) {
-            ruta = m_dir->file(archivo);
-            m_dir->write(archivo, bytes);
+        QFETCH(Arranque, caso);
+        QString ruta = caso.fondo;
+        if (!ruta.isEmpty() && QFileInfo(ruta).isRelative()) {
+            ruta = m_dir->file(caso.fondo);
+            m_dir->write(caso.fondo, caso.bytes);
         }
         m_mb->RutaFondo = ruta;
-        m_dir->write("cfg.ini", formaLarga(*m_mb));
-        ModBase mb;
-        ScriptedInteraction ui;
-        QCOMPARE(arrancar(mb, ui), 0);
-        QCOMPARE(ui.log.contains(avisoFondo(mb)), !legible);
-        const QByteArray linea8 = splitLines(m_dir->read("cfg.ini")).at(7);
-        QCOMPARE(linea8.endsWith(ruta.toUtf8()), legible);
-    }
-
-    // A damaged cfg.ini: the program starts on what it can read, or on the
-    // defaults, and leaves a file the next start reads whole. Only a file
-    // without its first line ends it, as a language 0 does, and then it
-    // writes nothing.
-    void cfgDanado_data()
-    {
-        QTest::addColumn<QString>("dano");
-        QTest::addColumn<int>("salida");
-        QTest::addColumn<bool>("avisoFondo");
-        QTest::newRow("empty") << "empty" << 1 << false;
-        QTest::newRow("binary") << "binary" << 0 << false;
-        QTest::newRow("truncated") << "truncated" << 0 << false;
-        QTest::newRow("10 MB picture path") << "10 MB" << 0 << true;
-        QTest::newRow("UTF-16") << "UTF-16" << 0 << false;
-    }
-
-    void cfgDanado()
-    {
-        QFETCH(QString, dano);
-        QFETCH(int, salida);
         m_mb->Idioma = 2;
         const QByteArray sano = formaLarga(*m_mb);
-        // The long path reaches the picture loader, which cannot open it.
-        const QByteArray contenido =
-            dano == "10 MB" ? joinLines(splitLines(sano).mid(0, 7)) + "Fondo = " +
-                                  QByteArray(10 * 1024 * 1024, 'x') + "\r\n"
-                            : archivoDanado(sano, dano);
+        QByteArray contenido = caso.dano.isEmpty() ? sano : archivoDanado(sano, caso.dano);
+        if (caso.dano == "10 MB path")
+            contenido = joinLines(splitLines(sano).mid(0, 7)) +
+                        "Fondo = " + QByteArray(10 * 1024 * 1024, 'x') + "\r\n";
         m_dir->write("cfg.ini", contenido);
+        // The whole life of the program in the test's folder, with the real
+        // main window shown and drawn once, then closed.
         ModBase mb;
-        ScriptedInteraction ui;
-        QCOMPARE(arrancar(mb, ui), salida);
-        const QByteArray despues = m_dir->read("cfg.ini");
-        if (salida != 0) {
-            QCOMPARE(despues, contenido);
-            return;
-        }
-        QTEST(ui.log.contains(avisoFondo(mb)), "avisoFondo");
-        ModBase siguiente;
-        QCOMPARE(aplicarConfiguracion(siguiente, despues), LecturaConfiguracion::Completa);
-        QCOMPARE(siguiente.Idioma, mb.Idioma);
-        QVERIFY(siguiente.RutaFondo.isEmpty());
-        QCOMPARE(splitLines(despues).size(), 16);
-    }
-
-private:
-    // The whole life of the program in the test's folder, with the real main
-    // window shown and drawn once, then closed.
-    int arrancar(ModBase& mb, ScriptedInteraction& ui)
-    {
         m_dir->attach(mb);
+        ScriptedInteraction ui;
         ScriptedWindows ventanas(ui.log);
         ventanas.whileBaseOpen = [&](ModBase& m) {
             frmBase w(m, ui);
-            w.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            mostrar(w);
             QVERIFY(!w.grab().isNull()); // the surface with its background, drawn
             w.close();
         };
-        return Main(mb, ui, ventanas);
+        QCOMPARE(Main(mb, ui, ventanas), 0);
+        const QByteArray despues = m_dir->read("cfg.ini");
+        const QString aviso = "message: " + mb.Textos(1343) + " : " + mb.Textos(222);
+        QCOMPARE(ui.log.contains(aviso), caso.aviso);
+        ModBase siguiente;
+        QCOMPARE(aplicarConfiguracion(siguiente, despues), LecturaConfiguracion::Completa);
+        QCOMPARE(splitLines(despues).size(), 16);
+        QCOMPARE(siguiente.Idioma, mb.Idioma);
+        QCOMPARE(siguiente.RutaFondo, caso.aviso ? QString() : ruta);
     }
 
+private:
     std::unique_ptr<ProgramDir> m_dir;
     std::unique_ptr<ModBase> m_mb;
 };

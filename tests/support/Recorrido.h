@@ -1,26 +1,54 @@
 #pragma once
 
-// Walks a window's widgets as a person and a screen reader meet them: every
-// caption measured against the widget that shows it, every control's
-// accessible name. Each returns what is wrong, one line a widget.
+// A window's widgets as a person and a screen reader meet them: the child
+// a test needs, the modal windows answered as they open, every caption
+// measured against the widget that shows it, every control's accessible
+// name. The walks return what is wrong, one line a widget.
 #include "Catalogo.h"
 
-#include <QAbstractButton>
-#include <QAbstractSlider>
-#include <QAccessible>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFontMetrics>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QStringList>
-#include <QStyleOption>
-#include <QTest>
-#include <QToolButton>
+#include <functional>
+#include <QtTest>
+#include <QtWidgets>
 
 namespace recorrido {
+
+// A child the test cannot go on without.
+template <typename T> T* hijo(const QWidget& w, const QString& nombre)
+{
+    T* h = w.findChild<T*>(nombre);
+    if (!h)
+        qFatal("no child %s", qPrintable(nombre));
+    return h;
+}
+
+// The window on the screen, drawn.
+inline void mostrar(QWidget& w)
+{
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+}
+
+// The person at the screen: `f` meets each modal window once, as it shows,
+// inside the window's own event loop, and answers it as it sees fit.
+class AlAbrirse : public QObject {
+public:
+    explicit AlAbrirse(std::function<void(QWidget&)> f) : m_f(std::move(f))
+    {
+        connect(&m_timer, &QTimer::timeout, this, [this] {
+            QWidget* d = QApplication::activeModalWidget();
+            if (!d || !d->isVisible() || d == m_ultima)
+                return;
+            m_ultima = d;
+            m_f(*d);
+        });
+        m_timer.start(20);
+    }
+
+private:
+    std::function<void(QWidget&)> m_f;
+    QTimer m_timer;
+    QPointer<QWidget> m_ultima;
+};
 
 inline QString nombre(const QWidget* w)
 {
@@ -92,18 +120,10 @@ inline QStringList textosCortados(const QWidget& ventana)
             const int alrededor =
                 b->style()->sizeFromContents(tipo, &opt, QSize(ancho, fm.height()), b).width() -
                 ancho;
-            const QSize necesita(fm.horizontalAdvance(t) + alrededor, 0);
-            medir(b, t, necesita.width(), b->width());
+            medir(b, t, fm.horizontalAdvance(t) + alrededor, b->width());
         }
     }
     return fallos;
-}
-
-// A control a person can act on, by its accessible role.
-inline bool esControl(const QWidget* w)
-{
-    return qobject_cast<const QAbstractButton*>(w) || qobject_cast<const QLineEdit*>(w) ||
-           qobject_cast<const QComboBox*>(w) || qobject_cast<const QAbstractSlider*>(w);
 }
 
 // Every control that can be reached has a name a screen reader can say.
@@ -111,7 +131,10 @@ inline QStringList sinNombreAccesible(const QWidget& ventana)
 {
     QStringList fallos;
     for (QWidget* w : ventana.findChildren<QWidget*>()) {
-        if (!esControl(w) || !w->isVisibleTo(&ventana))
+        // A control a person can act on, by its accessible role.
+        const bool control = qobject_cast<QAbstractButton*>(w) || qobject_cast<QLineEdit*>(w) ||
+                             qobject_cast<QComboBox*>(w) || qobject_cast<QAbstractSlider*>(w);
+        if (!control || !w->isVisibleTo(&ventana))
             continue;
         // The inner parts of a composite control (a combo box's list) are
         // the composite's.
