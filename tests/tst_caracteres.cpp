@@ -88,9 +88,6 @@ private slots:
             << linea("195", "130") + linea("196", "131") << 2 << L{195, 196} << L{130, 131} << 0;
         QTest::newRow("lines beyond are not read") << linea("1", "2") + "garbage\r\n"
                                                    << 1 << L{1, 0} << L{2, 0} << 0;
-        QTest::newRow("line feeds alone") << QByteArray("             00065         00066\n"
-                                                        "             00067         00068")
-                                          << 2 << L{65, 67} << L{66, 68} << 0;
         QTest::newRow("only the source")
             << QByteArray("             65\r\n") << 1 << L{65} << L{0} << 0;
         QTest::newRow("letters give 0") << linea("ab", "x1") << 1 << L{0} << L{0} << 0;

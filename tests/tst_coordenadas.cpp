@@ -11,9 +11,11 @@ class TestCoordenadas : public QObject {
     Q_OBJECT
 
 private slots:
-    // The texts of a field's frame: three digits at least, the size read as a number.
+    // The texts of a field's frame: three digits at least, the size read as
+    // a number. The old model works out its 25 fields and leaves the places beyond.
     void textos_data()
     {
+        QTest::addColumn<int>("modelo");
         QTest::addColumn<int>("numero");
         QTest::addColumn<int>("x");
         QTest::addColumn<QByteArray>("tamano");
@@ -21,26 +23,32 @@ private slots:
         QTest::addColumn<QByteArray>("hor");
         QTest::addColumn<QByteArray>("ver");
         QTest::newRow("price, double height")
-            << 13 << 10 << QByteArray("2") << 12 << QByteArray("002") << QByteArray("022");
+            << 1 << 13 << 10 << QByteArray("2") << 12 << QByteArray("002") << QByteArray("022");
         QTest::newRow("a size that is no digit counts as 0")
-            << 13 << 10 << QByteArray("x") << 12 << QByteArray("016") << QByteArray("022");
+            << 1 << 13 << 10 << QByteArray("x") << 12 << QByteArray("016") << QByteArray("022");
         QTest::newRow("a number of four digits stays whole")
-            << 2 << 300 << QByteArray("0") << 300 << QByteArray("1069") << QByteArray("1058");
+            << 1 << 2 << 300 << QByteArray("0") << 300 << QByteArray("1069") << QByteArray("1058");
+        QTest::newRow("old model, field 25")
+            << 0 << 25 << 20 << QByteArray("0") << 30 << QByteArray("061") << QByteArray("086");
+        QTest::newRow("old model, field 26")
+            << 0 << 26 << 20 << QByteArray("0") << 30 << QByteArray("kept") << QByteArray("kept");
     }
 
     void textos()
     {
+        QFETCH(int, modelo);
         QFETCH(int, numero);
         QFETCH(int, x);
         QFETCH(QByteArray, tamano);
         QFETCH(int, y);
         ModBase mb;
-        mb.ModeloNuevo = 1;
+        mb.ModeloNuevo = static_cast<int16_t>(modelo);
         Campo& c = mb.Campos(numero);
         c.PosHor = static_cast<int16_t>(x);
         c.PosVer = static_cast<int16_t>(y);
         c.Tamano = tamano;
         CoordenadasEnvio coordenadas;
+        coordenadas.CoordHor(numero) = coordenadas.CoordVer(numero) = "kept";
         CalculaCoordenadasEnvio(mb, coordenadas);
         QTEST(coordenadas.CoordHor(numero), "hor");
         QTEST(coordenadas.CoordVer(numero), "ver");
@@ -96,20 +104,6 @@ private slots:
         for (const auto& [y, v] : puntos)
             enviados.append({y, coordenadaVerEnvio(y)});
         QCOMPARE(enviados, puntos);
-    }
-
-    // The old model works out its 25 fields and leaves the places beyond.
-    void modeloViejo()
-    {
-        ModBase mb;
-        mb.ModeloNuevo = 0;
-        mb.Campos(25).PosHor = 20;
-        mb.Campos(26).PosHor = 20;
-        CoordenadasEnvio c;
-        c.CoordHor(26) = "keep";
-        CalculaCoordenadasEnvio(mb, c);
-        QCOMPARE(c.CoordHor(25), QByteArray("061"));
-        QCOMPARE(c.CoordHor(26), QByteArray("keep"));
     }
 };
 

@@ -71,22 +71,19 @@ struct Entorno {
 
     // The messages the person was to see, as text ids: every number of three
     // digits or more stands for the catalogue's text of that id.
-    QStringList mensajes(const QStringList& ids, const QString& puerto = {}) const
+    QStringList mensajes(QStringList ids, const QString& puerto = {}) const
     {
         static const QRegularExpression id(QStringLiteral("\\d{3,}"));
-        QStringList out;
-        for (const QString& m : ids) {
-            QString texto = QStringLiteral("message: ");
-            qsizetype desde = 0;
-            for (auto it = id.globalMatch(m); it.hasNext();) {
-                const QRegularExpressionMatch n = it.next();
-                texto += m.mid(desde, n.capturedStart() - desde) + mb.Textos(n.captured().toInt());
-                desde = n.capturedEnd();
+        for (QString& m : ids) {
+            QRegularExpressionMatch n;
+            for (qsizetype desde = 0; (n = id.match(m, desde)).hasMatch();) {
+                const QString texto = mb.Textos(n.captured().toInt());
+                m.replace(n.capturedStart(), n.capturedLength(), texto);
+                desde = n.capturedStart() + texto.size();
             }
-            texto += m.mid(desde);
-            out.append(texto.replace(QStringLiteral("%1"), puerto));
+            m = QStringLiteral("message: ") + m.replace(QStringLiteral("%1"), puerto);
         }
-        return out;
+        return ids;
     }
 };
 
@@ -190,6 +187,8 @@ private:
         if (!caso.libre1.isEmpty())
             QCOMPARE(llegadas.at(1).mid(caso.modelo ? 5 : 4, caso.libre1.size()).toHex(' '),
                      caso.libre1.toHex(' '));
+        QCOMPARE(e.progreso.maximo,
+                 caso.soloTextos ? (caso.modelo ? 15 : 5) : (caso.modelo ? 53 : 32));
         QCOMPARE(e.progreso.valor, caso.avance);
         // Never a second wait where one is due, never a hang.
         QVERIFY(ms >= caso.minimoMs);
@@ -197,7 +196,7 @@ private:
     }
 
 private slots:
-    // The progress bar counts the label's frames and names what is going out.
+    // The progress line names what is going out.
     void lineaDeProgreso()
     {
         Entorno e(2, 1);
@@ -205,7 +204,6 @@ private slots:
         QVERIFY(balanza.lista());
         PuertoSerieQt puerto(e.mb.programDir);
         QCOMPARE(EnviarEtiqueta(e.mb, puerto, e.persona, e.progreso), 0);
-        QCOMPARE(e.progreso.maximo, 53);
         QCOMPARE(e.progreso.textos,
                  (QStringList{QString(), "Sending Free Text...", "Sending fields of Label...",
                               "Sending Fixed Text Label..."}));
@@ -255,36 +253,35 @@ private slots:
         // port nobody listens on; else the address itself.
         QTest::addColumn<QString>("puerto");
         QTest::addColumn<QStringList>("opciones"); // the scale's
-        QTest::addColumn<int>("paridad");
-        QTest::addColumn<int>("bitsDatos");
-        QTest::addColumn<QString>("mensaje"); // its first line begins so; %1 the port
+        QTest::addColumn<QList<int>>("ajustes");   // parity and data bits
+        QTest::addColumn<QString>("mensaje");      // its first line begins so; %1 the port
         QTest::addColumn<int>("recibidas");
+        using S = QStringList;
+        using L = QList<int>;
         QTest::newRow("no device behind COM1")
-            << "NOTHING" << QStringList() << 0 << 1 << "260: %1\n989" << 0;
+            << "NOTHING" << S() << L{0, 1} << "260: %1\n989" << 0;
         QTest::newRow("even parity on a pseudo-terminal")
-            << "COM1" << QStringList() << 1 << 1 << "260: %1\n262: 1323\n989" << 0;
-        QTest::newRow("7 data bits")
-            << "COM1" << QStringList() << 0 << 0 << "260: %1\n263: 7\n989" << 0;
+            << "COM1" << S() << L{1, 1} << "260: %1\n262: 1323\n989" << 0;
+        QTest::newRow("7 data bits") << "COM1" << S() << L{0, 0} << "260: %1\n263: 7\n989" << 0;
         QTest::newRow("the scale goes away at field 4")
-            << "COM1" << QStringList{"--vanish", "20"} << 0 << 1 << "260: %1\n989" << 20;
+            << "COM1" << S{"--vanish", "20"} << L{0, 1} << "260: %1\n989" << 20;
         QTest::newRow("no such host")
-            << "tcp://no..host:4000" << QStringList() << 0 << 1 << "260: %1 (2100)\n989" << 0;
+            << "tcp://no..host:4000" << S() << L{0, 1} << "260: %1 (2100)\n989" << 0;
         QTest::newRow("connection refused")
-            << "CLOSED" << QStringList() << 0 << 1 << "260: %1 (2101)\n989" << 0;
+            << "CLOSED" << S() << L{0, 1} << "260: %1 (2101)\n989" << 0;
         QTest::newRow("dropped at field 4")
-            << "SCALE" << QStringList{"--vanish", "20"} << 0 << 1 << "260: %1 (2102)\n989" << 20;
+            << "SCALE" << S{"--vanish", "20"} << L{0, 1} << "260: %1 (2102)\n989" << 20;
     }
 
     void fallosDelPuerto()
     {
         QFETCH(QString, puerto);
         QFETCH(QStringList, opciones);
-        QFETCH(int, paridad);
-        QFETCH(int, bitsDatos);
+        QFETCH(QList<int>, ajustes);
         QFETCH(QString, mensaje);
         Entorno e(2, 1);
-        e.mb.Paridad = static_cast<int16_t>(paridad);
-        e.mb.BitsDatos = static_cast<int16_t>(bitsDatos);
+        e.mb.Paridad = static_cast<int16_t>(ajustes[0]);
+        e.mb.BitsDatos = static_cast<int16_t>(ajustes[1]);
         std::unique_ptr<BalanzaVirtual> balanza;
         if (puerto == "COM1" || puerto == "SCALE") {
             balanza = std::make_unique<BalanzaVirtual>(
@@ -328,8 +325,7 @@ private slots:
         QTest::addColumn<int>("numero");
         QTest::addColumn<QString>("entrada"); // dosdevices/comN: "link:TARGET", "file:CONTENT"
         QTest::addColumn<QString>("nombre");  // relative to the folder, or absolute
-        QTest::newRow("COM1 without an entry") << 1 << ""
-                                               << "/dev/ttyS0";
+        QTest::newRow("COM1 without an entry") << 1 << QString() << "/dev/ttyS0";
         QTest::newRow("linked to a device") << 2 << "link:/dev/null"
                                             << "dosdevices/com2";
         QTest::newRow("linked to nothing") << 3 << "link:/nonexistent"

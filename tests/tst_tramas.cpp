@@ -3,7 +3,6 @@
 #include "AdaptaCaracteres.h"
 #include "Codigos.h"
 #include "CoordenadasEnvio.h"
-#include "Envio.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
 #include "PuertoSerie.h"
@@ -192,43 +191,6 @@ private slots:
         mb.BitsDatos = static_cast<int16_t>(indices[2]);
         mb.BitsParada = static_cast<int16_t>(indices[3]);
         QTEST(ajustesLinea(mb).texto(), "texto");
-    }
-
-    // The whole stream of a label, in wire order: the opening, the free
-    // texts, the fields by their codes (an untouched one as reset, field 3
-    // with its place), the fixed texts and the closing.
-    void flujo_data()
-    {
-        QTest::addColumn<int>("modelo");
-        QTest::addColumn<bool>("soloTextos");
-        QTest::addColumn<int>("tramas");
-        QTest::newRow("old model") << 0 << false << 33;
-        QTest::newRow("new model") << 1 << false << 54;
-        QTest::newRow("old model, texts only") << 0 << true << 7;
-        QTest::newRow("new model, texts only") << 1 << true << 17;
-    }
-
-    void flujo()
-    {
-        QFETCH(int, modelo);
-        QFETCH(bool, soloTextos);
-        ModBase mb;
-        mb.Idioma = 2;
-        mb.ModeloNuevo = static_cast<int16_t>(modelo);
-        mb.Campos(3).PosHor = 20;
-        mb.Campos(3).PosVer = 30;
-        mb.Campos(3).Presente = "1";
-        const QList<QByteArray> t = TramasEtiqueta(mb, 3, soloTextos);
-        QTEST(int(t.size()), "tramas");
-        QCOMPARE(t.first(), TramaApertura(3));
-        QCOMPARE(t.last(), TramaCierre());
-        const int libres = modelo ? 15 : 5;
-        const int campos = soloTextos ? 0 : modelo ? 36 : 25;
-        for (int n = 1; n <= campos; ++n) {
-            const QByteArray& f = t.at(libres + n);
-            QCOMPARE(f.mid(19, 1), codigoCampo(n));
-            QCOMPARE(f.mid(21, 8), n == 3 ? QByteArray("06108601") : QByteArray("00000000"));
-        }
     }
 };
 
