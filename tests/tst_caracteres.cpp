@@ -86,8 +86,6 @@ private slots:
         using L = QList<int>;
         QTest::newRow("two lines")
             << linea("195", "130") + linea("196", "131") << 2 << L{195, 196} << L{130, 131} << 0;
-        QTest::newRow("lines beyond are not read") << linea("1", "2") + "garbage\r\n"
-                                                   << 1 << L{1, 0} << L{2, 0} << 0;
         QTest::newRow("only the source")
             << QByteArray("             65\r\n") << 1 << L{65} << L{0} << 0;
         QTest::newRow("letters give 0") << linea("ab", "x1") << 1 << L{0} << L{0} << 0;

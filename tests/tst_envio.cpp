@@ -248,10 +248,10 @@ private slots:
     // goes out.
     void fallosDelPuerto_data()
     {
-        // COM1: the virtual scale on a pseudo-terminal, NOTHING: COM1 linked to
-        // nothing, SCALE: the virtual scale's network address, CLOSED: a network
-        // port nobody listens on; else the address itself.
-        QTest::addColumn<QString>("puerto");
+        // What COM1 reaches: the virtual scale on a pseudo-terminal (PTY) or
+        // the network (TCP), a network port nobody listens on (CLOSED), or
+        // what its link names.
+        QTest::addColumn<QString>("com1");
         QTest::addColumn<QStringList>("opciones"); // the scale's
         QTest::addColumn<QList<int>>("ajustes");   // parity and data bits
         QTest::addColumn<QString>("mensaje");      // its first line begins so; %1 the port
@@ -259,23 +259,23 @@ private slots:
         using S = QStringList;
         using L = QList<int>;
         QTest::newRow("no device behind COM1")
-            << "NOTHING" << S() << L{0, 1} << "260: %1\n989" << 0;
+            << "nothing-here" << S() << L{0, 1} << "260: %1\n989" << 0;
         QTest::newRow("even parity on a pseudo-terminal")
-            << "COM1" << S() << L{1, 1} << "260: %1\n262: 1323\n989" << 0;
-        QTest::newRow("7 data bits") << "COM1" << S() << L{0, 0} << "260: %1\n263: 7\n989" << 0;
+            << "PTY" << S() << L{1, 1} << "260: %1\n262: 1323\n989" << 0;
+        QTest::newRow("7 data bits") << "PTY" << S() << L{0, 0} << "260: %1\n263: 7\n989" << 0;
         QTest::newRow("the scale goes away at field 4")
-            << "COM1" << S{"--vanish", "20"} << L{0, 1} << "260: %1\n989" << 20;
+            << "PTY" << S{"--vanish", "20"} << L{0, 1} << "260: %1\n989" << 20;
         QTest::newRow("no such host")
             << "tcp://no..host:4000" << S() << L{0, 1} << "260: %1 (2100)\n989" << 0;
         QTest::newRow("connection refused")
             << "CLOSED" << S() << L{0, 1} << "260: %1 (2101)\n989" << 0;
         QTest::newRow("dropped at field 4")
-            << "SCALE" << S{"--vanish", "20"} << L{0, 1} << "260: %1 (2102)\n989" << 20;
+            << "TCP" << S{"--vanish", "20"} << L{0, 1} << "260: %1 (2102)\n989" << 20;
     }
 
     void fallosDelPuerto()
     {
-        QFETCH(QString, puerto);
+        QFETCH(QString, com1);
         QFETCH(QStringList, opciones);
         QFETCH(QList<int>, ajustes);
         QFETCH(QString, mensaje);
@@ -283,31 +283,29 @@ private slots:
         e.mb.Paridad = static_cast<int16_t>(ajustes[0]);
         e.mb.BitsDatos = static_cast<int16_t>(ajustes[1]);
         std::unique_ptr<BalanzaVirtual> balanza;
-        if (puerto == "COM1" || puerto == "SCALE") {
-            balanza = std::make_unique<BalanzaVirtual>(
-                e.pd, opciones,
-                puerto == "COM1" ? BalanzaVirtual::Linea::Pty : BalanzaVirtual::Linea::Tcp);
+        if (com1 == "PTY" || com1 == "TCP") {
+            balanza = std::make_unique<BalanzaVirtual>(e.pd, opciones,
+                                                       com1 == "PTY" ? BalanzaVirtual::Linea::Pty
+                                                                     : BalanzaVirtual::Linea::Tcp);
             QVERIFY(balanza->lista());
-        }
-        QString nombre = puerto == "SCALE" ? balanza->direccion() : puerto;
-        if (puerto == "NOTHING") {
+            com1 = balanza->direccion();
+        } else {
+            if (com1 == "CLOSED") {
+                QTcpServer cerrado;
+                QVERIFY(cerrado.listen(QHostAddress::LocalHost));
+                com1 = QStringLiteral("tcp://127.0.0.1:%1").arg(cerrado.serverPort());
+            }
             QDir().mkpath(e.pd.file("dosdevices"));
-            QVERIFY(QFile::link(e.pd.file("nothing-here"), e.pd.file("dosdevices/com1")));
-        } else if (puerto == "CLOSED") {
-            QTcpServer cerrado;
-            QVERIFY(cerrado.listen(QHostAddress::LocalHost));
-            nombre = QStringLiteral("tcp://127.0.0.1:%1").arg(cerrado.serverPort());
+            QVERIFY(QFile::link(com1, e.pd.file("dosdevices/com1")));
         }
-        const auto p = crearPuerto(e.mb.programDir, nombre.startsWith("tcp:") ? nombre : "COM1");
-        QVERIFY(p);
+        const auto puerto = crearPuerto(e.mb.programDir, QStringLiteral("COM1"));
         QElapsedTimer reloj;
         reloj.start();
-        QCOMPARE(EnviarEtiqueta(e.mb, *p, e.persona, e.progreso), 1);
+        QCOMPARE(EnviarEtiqueta(e.mb, *puerto, e.persona, e.progreso), 1);
         QVERIFY(reloj.elapsed() < 2500);
-        QVERIFY(!p->portOpen());
+        QVERIFY(!puerto->portOpen());
 
-        if (!nombre.startsWith("tcp:"))
-            nombre = e.pd.file("dosdevices/com1");
+        const QString nombre = com1.startsWith("tcp:") ? com1 : e.pd.file("dosdevices/com1");
         QCOMPARE(e.persona.log.size(), 1);
         const QStringList visto = e.persona.log.first().split('\n');
         const QStringList esperado = e.mensajes({mensaje}, nombre).first().split('\n');
@@ -317,43 +315,31 @@ private slots:
             QTEST(int(balanza->tramas().size()), "recibidas");
     }
 
-    // COMn is the program folder's dosdevices/comN when there is one, even
-    // one whose device is gone; it reaches a network scale when that entry
-    // names one: a link whose target is the address, or a small file that holds it.
+    // COMn is the program folder's dosdevices/comN when there is one (see
+    // the failures above); it reaches a network scale when that entry is a
+    // link whose target is the address (see the transfers over the network)
+    // or a small file that holds it.
     void nombresDePuerto_data()
     {
-        QTest::addColumn<int>("numero");
-        QTest::addColumn<QString>("entrada"); // dosdevices/comN: "link:TARGET", "file:CONTENT"
-        QTest::addColumn<QString>("nombre");  // relative to the folder, or absolute
-        QTest::newRow("COM1 without an entry") << 1 << QString() << "/dev/ttyS0";
-        QTest::newRow("linked to a device") << 2 << "link:/dev/null"
-                                            << "dosdevices/com2";
-        QTest::newRow("linked to nothing") << 3 << "link:/nonexistent"
-                                           << "dosdevices/com3";
-        QTest::newRow("linked to an address") << 2 << "link:tcp://127.0.0.1:4001"
-                                              << "tcp://127.0.0.1:4001";
-        QTest::newRow("a file holding an address") << 2 << "file:tcp://[::1]:4002\n"
-                                                   << "tcp://[::1]:4002";
-        QTest::newRow("a file of anything else") << 2 << "file:hello"
-                                                 << "dosdevices/com2";
+        QTest::addColumn<QByteArray>("archivo"); // dosdevices/com2, when there is one
+        QTest::addColumn<QString>("nombre");     // relative to the folder, or absolute
+        QTest::newRow("COM2 without an entry") << QByteArray() << "/dev/ttyS1";
+        QTest::newRow("a file holding an address")
+            << QByteArray("tcp://[::1]:4002\n") << "tcp://[::1]:4002";
+        QTest::newRow("a file of anything else") << QByteArray("hello") << "dosdevices/com2";
     }
 
     void nombresDePuerto()
     {
-        QFETCH(int, numero);
-        QFETCH(QString, entrada);
+        QFETCH(QByteArray, archivo);
         QFETCH(QString, nombre);
         ProgramDir pd;
-        QDir().mkpath(pd.file("dosdevices"));
-        const QString com = QStringLiteral("dosdevices/com%1").arg(numero);
-        if (entrada.startsWith("link:"))
-            QVERIFY(QFile::link(entrada.section(':', 1), pd.file(com)));
-        else if (entrada.startsWith("file:"))
-            pd.write(com, entrada.section(':', 1).toUtf8());
+        if (!archivo.isEmpty())
+            pd.write("dosdevices/com2", archivo);
         const QString esperado = nombre.startsWith("dosdevices") ? pd.file(nombre) : nombre;
-        QCOMPARE(nombreDeCom(pd.path(), numero), esperado);
+        QCOMPARE(nombreDeCom(pd.path(), 2), esperado);
         // The port a transfer is given keeps its device whatever number it sets.
-        const auto puerto = crearPuerto(pd.path(), QStringLiteral("COM%1").arg(numero));
+        const auto puerto = crearPuerto(pd.path(), QStringLiteral("COM2"));
         auto* serie = qobject_cast<PuertoSerieQt*>(puerto.get());
         QCOMPARE(serie == nullptr, nombre.startsWith("tcp:"));
         if (serie) {
