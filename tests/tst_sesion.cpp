@@ -3,7 +3,6 @@
 // the transfer to the virtual scale; on the offscreen platform, through the
 // windows' own buttons and menus.
 #include "BalanzaVirtual.h"
-#include "Catalogo.h"
 #include "frmBase.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
@@ -59,13 +58,10 @@ private slots:
     void sesionCompleta()
     {
         ProgramDir dir;
-        dir.copyBuiltCatalogue();
         ModBase mb;
-        dir.attach(mb);
-        mb.Idioma = 1;
+        dir.prepare(mb);
         mb.ModeloNuevo = 1;
         mb.BitsDatos = 1; // 8 bits: a pseudo-terminal takes no other
-        QCOMPARE(CargarTextos(mb, 1), int16_t(0));
         BalanzaVirtual scale(dir, {});
         QVERIFY(scale.lista());
         ScriptedInteraction ui;
