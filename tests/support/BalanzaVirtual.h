@@ -27,8 +27,8 @@ public:
     {
         QDir().mkpath(pd.file(QStringLiteral("dosdevices")));
         m_proceso.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        const QStringList tcp = linea == Linea::Tcp ? QStringList{"--tcp", "127.0.0.1:0"}
-                                                    : QStringList{};
+        const QStringList tcp =
+            linea == Linea::Tcp ? QStringList{"--tcp", "127.0.0.1:0"} : QStringList{};
         m_proceso.start(QStringLiteral(KORVO_SCALE),
                         tcp + QStringList{"--link", m_enlace, "--log", m_log} + opciones);
         m_listo = m_proceso.waitForStarted(5000) &&
@@ -37,12 +37,10 @@ public:
 
     ~BalanzaVirtual()
     {
-        if (m_proceso.state() != QProcess::NotRunning) {
-            m_proceso.terminate();
-            if (!m_proceso.waitForFinished(3000))
-                m_proceso.kill();
-            m_proceso.waitForFinished(1000);
-        }
+        m_proceso.terminate();
+        if (!m_proceso.waitForFinished(3000))
+            m_proceso.kill();
+        m_proceso.waitForFinished(1000);
     }
 
     bool lista() const { return m_listo; }
@@ -61,12 +59,10 @@ public:
     {
         QFile f(m_log);
         QList<QByteArray> out;
-        if (!f.open(QIODevice::ReadOnly))
-            return out;
-        for (const QByteArray& linea : f.readAll().split('\n')) {
-            if (!linea.startsWith("frame "))
-                continue;
-            out.append(QByteArray::fromHex(linea.mid(linea.lastIndexOf(": ") + 2)));
+        for (const QByteArray& linea :
+             (f.open(QIODevice::ReadOnly) ? f.readAll() : "").split('\n')) {
+            if (linea.startsWith("frame "))
+                out.append(QByteArray::fromHex(linea.mid(linea.lastIndexOf(": ") + 2)));
         }
         return out;
     }
