@@ -24,7 +24,7 @@ struct Tienda : LabelEnv {
             m.TextoLibre(i) = texto + QByteArray::number(i);
         m.TextoFijo(0) = texto + "FIX";
         m.Campos(11).Presente = "1";
-        m.Campos(11).TextoHor = "036";
+        m.Campos(27).Presente = "1"; // the first of the digit-coded rows
         m.ArchivoActual = carpeta() + "/" + name;
         files.GuardaEti();
         QFile f(m.ArchivoActual);
@@ -75,13 +75,15 @@ private slots:
         QCOMPARE(t.en(), QStringList{"a.pse"});
         QCOMPARE(t.en("S"), (QStringList{"a.pde", "b.pde", "c.pde"}));
         // Each file filed in the block of its own kind and number.
-        QCOMPARE(columns(t.files.Lineas(t.files.indiceBloque(4 + 3) + 11), 7, 7), QByteArray("NUEVA  "));
+        const QByteArray t4 = t.files.Lineas(t.files.indiceBloque(4 + 3) + 11);
+        QCOMPARE(columns(t4, 7, 7), QByteArray("NUEVA  "));
         QCOMPARE(columns(t.files.Lineas(t.files.indiceBloque(5) + 1), 7, 7), QByteArray("MEDIA  "));
-        // The label shown is packing label 3, with the newest file's texts.
+        // The label shown is packing label 3, each row in its field's place,
+        // with the newest file's texts.
         QCOMPARE(t.mb.NombreEtiqueta, QByteArray("VIEJA"));
+        QCOMPARE(t.mb.Campos(27).Presente, QByteArray("1"));
         QCOMPARE(t.mb.TextoLibre(0), QByteArray("NUEVA0"));
         QCOMPARE(t.mb.TextoFijo(0), "NUEVAFIX" + QByteArray(17, ' '));
-        QCOMPARE(t.files.ArchivoConjunto, t.carpeta() + "/a.pse");
         QCOMPARE(t.dir.read("tienda/a.pse"), joinLines(t.files.lineasArchivo()));
         QVERIFY(t.mb.ArchivoConocido && !t.mb.Modificado);
     }
@@ -133,7 +135,6 @@ private slots:
         QFile::remove(t.carpeta() + "/x.pde");
         t.importar("x.pde");
         QCOMPARE(t.en("S"), QStringList{"freetxt.txt"});
-        QCOMPARE(t.files.Lineas(1), "9:000" + t.mb.Textos(1344).toLatin1());
         // The readers start at column 5, so the catalogue's words get a "0" in front.
         QCOMPARE(t.mb.TextoLibre(0), "0" + t.mb.Textos(1344).toLatin1());
         QCOMPARE(t.mb.TextoLibre(5), QByteArray("TEXTO 5"));
