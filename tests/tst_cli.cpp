@@ -38,8 +38,8 @@ Run cli(const LabelEnv& e, const QStringList& args)
 QList<QByteArray> tramas(const LabelEnv& e, const QString& etiqueta,
                          const QStringList& opciones = {})
 {
-    const Run r = cli(e, QStringList{"frames", e.dir.file("set.pse"), "--label", etiqueta} +
-                             opciones);
+    const Run r =
+        cli(e, QStringList{"frames", e.dir.file("set.pse"), "--label", etiqueta} + opciones);
     QList<QByteArray> out;
     for (const QByteArray& line : r.out.split('\n'))
         if (!line.isEmpty())
@@ -48,22 +48,23 @@ QList<QByteArray> tramas(const LabelEnv& e, const QString& etiqueta,
 }
 
 // A new-model set whose total label 4 holds a priced, named label.
-void conjunto(LabelEnv& e)
-{
-    e.dir.write("sirel.new", {});
-    e.dir.write("cfg.ini", "Idioma = 1\r\n");
-    ModBase& mb = e.mb;
-    mb.ArchivoActual = e.dir.file("set.pse");
-    mb.TipoEtiqueta = "T";
-    mb.NumEtiqueta = "4";
-    mb.NombreEtiqueta = "A\xd1O";
-    mb.Campos(13).Presente = "1";
-    mb.Campos(13).TextoHor = "108";
-    mb.Campos(13).TextoVer = "036";
-    mb.Campos(13).Tamano = "2";
-    mb.TextoLibre(2) = "TERCERO";
-    e.files.GuardarEtiquetaConjunto();
-}
+struct Conjunto : LabelEnv {
+    Conjunto() : LabelEnv(1)
+    {
+        dir.write("sirel.new", {});
+        dir.write("cfg.ini", "Idioma = 1\r\n");
+        mb.ArchivoActual = dir.file("set.pse");
+        mb.TipoEtiqueta = "T";
+        mb.NumEtiqueta = "4";
+        mb.NombreEtiqueta = "A\xd1O";
+        mb.Campos(13).Presente = "1";
+        mb.Campos(13).TextoHor = "108";
+        mb.Campos(13).TextoVer = "036";
+        mb.Campos(13).Tamano = "2";
+        mb.TextoLibre(2) = "TERCERO";
+        files.GuardarEtiquetaConjunto();
+    }
+};
 
 } // namespace
 
@@ -73,8 +74,7 @@ class TestCli : public QObject {
 private slots:
     void showYExport()
     {
-        LabelEnv e(1);
-        conjunto(e);
+        Conjunto e;
         const Run r = cli(e, {"show", e.dir.file("set.pse"), "--label", "T4", "--json"});
         QCOMPARE(r.code, 0);
         const QJsonObject o = QJsonDocument::fromJson(r.out).object();
@@ -90,10 +90,10 @@ private slots:
                  QStringLiteral("3"));
 
         // Export writes the same bytes the designer writes for that label.
-        QCOMPARE(cli(e, {"export", e.dir.file("set.pse"), "--label", "T4", "-o",
-                         e.dir.file("t4.pde")})
-                     .code,
-                 0);
+        QCOMPARE(
+            cli(e, {"export", e.dir.file("set.pse"), "--label", "T4", "-o", e.dir.file("t4.pde")})
+                .code,
+            0);
         e.mb.NombreEtiqueta = "A\xd1O";
         e.mb.ArchivoActual = e.dir.file("own.pde");
         e.files.GuardaEti();
@@ -113,13 +113,12 @@ private slots:
     {
         QFETCH(QString, salida);
         QFETCH(QByteArray, firma);
-        LabelEnv e(1);
-        conjunto(e);
+        Conjunto e;
         QDir().mkpath(e.dir.file("res"));
         for (const QString& f : QDir(QStringLiteral(KORVO_BIN "/res")).entryList(QDir::Files))
             QFile::copy(QStringLiteral(KORVO_BIN "/res/") + f, e.dir.file("res/" + f));
-        const Run r = cli(e, {"preview", e.dir.file("set.pse"), "--label", "T4", "-o",
-                              e.dir.file(salida)});
+        const Run r =
+            cli(e, {"preview", e.dir.file("set.pse"), "--label", "T4", "-o", e.dir.file(salida)});
         QCOMPARE(r.code, 0);
         QVERIFY(e.dir.read(salida).startsWith(firma));
     }
@@ -141,8 +140,7 @@ private slots:
         QFETCH(QStringList, opciones);
         QFETCH(QStringList, balanza);
         QFETCH(int, code);
-        LabelEnv e(1);
-        conjunto(e);
+        Conjunto e;
         BalanzaVirtual scale(e.dir, balanza);
         QVERIFY(scale.lista());
         const QList<QByteArray> expected = tramas(e, "T4", opciones);
@@ -164,8 +162,8 @@ private slots:
         QTest::addColumn<QStringList>("etiquetas");
         QTest::newRow("one label, 21 scales")
             << QStringList{"--label", "T4"} << 16 << QStringList{"T4"};
-        QTest::newRow("every label, 4 scales") << QStringList{"--all-labels"} << 2
-                                               << QStringList{"V3", "V4", "V5", "T3", "T4", "T5"};
+        QTest::newRow("every label, 4 scales")
+            << QStringList{"--all-labels"} << 2 << QStringList{"V3", "V4", "V5", "T3", "T4", "T5"};
     }
 
     void flota()
@@ -173,8 +171,7 @@ private slots:
         QFETCH(QStringList, extra);
         QFETCH(int, buenas);
         QFETCH(QStringList, etiquetas);
-        LabelEnv e(1);
-        conjunto(e);
+        Conjunto e;
         using L = BalanzaVirtual::Linea;
         BalanzaVirtual buena(e.dir, {}, L::Tcp, "good");
         BalanzaVirtual serie(e.dir, {});
@@ -208,10 +205,10 @@ private slots:
 
         QElapsedTimer reloj;
         reloj.start();
-        const Run r = cli(e, QStringList{"send", e.dir.file("set.pse"), "--scales",
-                                         e.dir.file("scales.csv"), "--trace",
-                                         e.dir.file("trace.txt")} +
-                                 extra);
+        const Run r =
+            cli(e, QStringList{"send", e.dir.file("set.pse"), "--scales", e.dir.file("scales.csv"),
+                               "--trace", e.dir.file("trace.txt")} +
+                       extra);
         QVERIFY2(reloj.elapsed() < 5500, qPrintable(QString::number(reloj.elapsed())));
         QCOMPARE(r.code, 1);
         QCOMPARE(QString::fromUtf8(r.out).split('\n', Qt::SkipEmptyParts), esperado);
@@ -239,87 +236,71 @@ private slots:
                                "\t<-\topening\t\tno reply within 3000 ms"));
     }
 
-    // Every mistake of a list of scales, told by its line; nothing is sent.
-    void listaErronea_data()
-    {
-        QTest::addColumn<QByteArray>("lista");
-        QTest::addColumn<QStringList>("errores");
-        QTest::newRow("empty") << QByteArray("\n\n") << QStringList{"1: the list is empty"};
-        QTest::newRow("missing column")
-            << QByteArray("name,equipo\na,1\n") << QStringList{"1: no column 'port'"};
-        QTest::newRow("unknown and twice")
-            << QByteArray("name,port,equipo,speed,name\n")
-            << QStringList{"1: unknown column 'speed'", "1: column 'name' twice"};
-        QTest::newRow("every kind of line")
-            << QByteArray("name,port,equipo,baud,parity\n"
-                          "a,COM1,1,,\n"
-                          "\n"
-                          "A,tcp://127.0.0.1:4001,2,,\n"
-                          "b,COM9,1,,\n"
-                          "c,tcp://host,1,,\n"
-                          "d,tcp://127.0.0.1:4002,x,,\n"
-                          "e,COM2,1,1200,Q\n"
-                          ",COM3,1,,\n"
-                          "f,COM4\n")
-            << QStringList{"4: the name 'A' is also on line 2",
-                           "5: bad port 'COM9'",
-                           "6: bad port 'tcp://host'",
-                           "7: bad equipo 'x'",
-                           "8: bad baud '1200'",
-                           "8: bad parity 'Q'",
-                           "9: no name",
-                           "10: 2 values where the header has 5 columns"};
-    }
-
-    void listaErronea()
-    {
-        QFETCH(QByteArray, lista);
-        QFETCH(QStringList, errores);
-        LabelEnv e(1);
-        conjunto(e);
-        e.dir.write("scales.csv", lista);
-        const QString ruta = e.dir.file("scales.csv");
-        const Run r = cli(e, {"send", e.dir.file("set.pse"), "--scales", ruta});
-        QCOMPARE(r.code, 2);
-        QVERIFY(r.out.isEmpty());
-        const QStringList lineas = QString::fromUtf8(r.err).split('\n').filter(ruta + ":");
-        QCOMPARE(lineas.size(), errores.size());
-        for (int i = 0; i < errores.size(); ++i)
-            QVERIFY2(lineas.at(i).startsWith(ruta + ":" + errores.at(i)), qPrintable(lineas.at(i)));
-    }
-
+    // Commands refused before anything is done (exit 2, with the reason),
+    // among them every mistake of a list of scales, told by its line.
     void errores_data()
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("code");
-        QTest::newRow("no command") << QStringList{} << 2;
-        QTest::newRow("unknown command") << QStringList{"frobnicate"} << 2;
-        QTest::newRow("label of the other model") << QStringList{"show", "SET", "--label", "V1"}
-                                                  << 2;
-        QTest::newRow("label of a label file")
-            << QStringList{"show", "LABEL", "--label", "V3"} << 2;
-        QTest::newRow("missing file") << QStringList{"show", "nothing.pse"} << 2;
-        QTest::newRow("export without -o") << QStringList{"export", "SET"} << 2;
-        QTest::newRow("language out of range")
-            << QStringList{"--language", "9", "show", "SET"} << 2;
-        QTest::newRow("the last language, Polish")
-            << QStringList{"--language", "8", "show", "SET"} << 0;
+        QTest::addColumn<QByteArray>("lista"); // scales.csv, for LIST
+        QTest::addColumn<QStringList>("errores");
+        const auto fila = [](const char* nombre, const QStringList& args, int code) {
+            QTest::newRow(nombre) << args << code << QByteArray() << QStringList();
+        };
+        fila("no command", {}, 2);
+        fila("unknown command", {"frobnicate"}, 2);
+        fila("label of the other model", {"show", "SET", "--label", "V1"}, 2);
+        fila("label of a label file", {"show", "LABEL", "--label", "V3"}, 2);
+        fila("missing file", {"show", "nothing.pse"}, 2);
+        fila("export without -o", {"export", "SET"}, 2);
+        fila("language out of range", {"--language", "9", "show", "SET"}, 2);
+        fila("the last language, Polish", {"--language", "8", "show", "SET"}, 0);
+        const auto lista = [](const char* nombre, const QByteArray& csv, const QStringList& e) {
+            QTest::newRow(nombre) << QStringList{"send", "SET", "--scales", "LIST"} << 2 << csv
+                                  << e;
+        };
+        lista("empty list", "\n\n", {"1: the list is empty"});
+        lista("missing column", "name,equipo\na,1\n", {"1: no column 'port'"});
+        lista("unknown and twice", "name,port,equipo,speed,name\n",
+              {"1: unknown column 'speed'", "1: column 'name' twice"});
+        lista("every kind of line",
+              "name,port,equipo,baud,parity\n"
+              "a,COM1,1,,\n"
+              "\n"
+              "A,tcp://127.0.0.1:4001,2,,\n"
+              "b,COM9,1,,\n"
+              "c,tcp://host,1,,\n"
+              "d,tcp://127.0.0.1:4002,x,,\n"
+              "e,COM2,1,1200,Q\n"
+              ",COM3,1,,\n"
+              "f,COM4\n",
+              {"4: the name 'A' is also on line 2", "5: bad port 'COM9'",
+               "6: bad port 'tcp://host'", "7: bad equipo 'x'", "8: bad baud '1200'",
+               "8: bad parity 'Q'", "9: no name", "10: 2 values where the header has 5 columns"});
     }
 
     void errores()
     {
         QFETCH(QStringList, args);
         QFETCH(int, code);
-        LabelEnv e(1);
-        conjunto(e);
+        QFETCH(QByteArray, lista);
+        QFETCH(QStringList, errores);
+        Conjunto e;
         e.mb.ArchivoActual = e.dir.file("label.pde");
         e.files.GuardaEti();
+        e.dir.write("scales.csv", lista);
+        const QString ruta = e.dir.file("scales.csv");
         args.replaceInStrings("SET", e.dir.file("set.pse"));
         args.replaceInStrings("LABEL", e.dir.file("label.pde"));
+        args.replaceInStrings("LIST", ruta);
         const Run r = cli(e, args);
         QCOMPARE(r.code, code);
         if (code != 0)
-            QVERIFY(!r.err.isEmpty());
+            QVERIFY(!r.err.isEmpty() && r.out.isEmpty());
+        const QStringList lineas = QString::fromUtf8(r.err).split('\n').filter(ruta + ":");
+        QCOMPARE(lineas.size(), errores.size());
+        for (int i = 0; i < errores.size(); ++i)
+            QVERIFY2(lineas.at(i).startsWith(ruta + ":" + errores.at(i)), qPrintable(lineas.at(i)));
     }
 
     // What check finds, as "line:column" (0:0 for the file as a whole); it
@@ -349,13 +330,12 @@ private slots:
         QFETCH(QString, archivo);
         QFETCH(int, modelo);
         QFETCH(QStringList, hallazgos);
-        LabelEnv e(archivo == "overwritten" ? 0 : 1);
-        if (archivo == "overwritten") {
-            e.mb.ArchivoActual = e.dir.file("set.pse");
-            e.mb.NumEtiqueta = "2";
-            e.files.GuardarEtiquetaConjunto();
-        } else {
-            conjunto(e);
+        Conjunto e;
+        if (archivo == "overwritten") { // an old set saved from packing label 2
+            LabelEnv viejo(0);
+            viejo.mb.ArchivoActual = e.dir.file("set.pse");
+            viejo.mb.NumEtiqueta = "2";
+            viejo.files.GuardarEtiquetaConjunto();
         }
         QList<QByteArray> set = splitLines(e.dir.read("set.pse"));
         e.files.CargarEtiquetaConjunto(3);

@@ -9,6 +9,17 @@ Q_DECLARE_METATYPE(Answer)
 
 namespace {
 
+// A command met with or without unsaved changes, the answers given, what the
+// person was asked and shown, and whether the command went on.
+struct Pregunta {
+    QString comando;
+    bool modificado;
+    bool conocido; // the set has its own file
+    QList<Answer> respuestas;
+    QStringList pasos;
+    bool sigue;
+};
+
 // A set on disk whose packing label 4 is called CUATRO, with packing label 3
 // unfolded, as after opening it.
 struct ConConjunto : LabelEnv {
@@ -37,6 +48,8 @@ struct ConConjunto : LabelEnv {
 
 } // namespace
 
+Q_DECLARE_METATYPE(Pregunta)
+
 class TestFileCommands : public QObject {
     Q_OBJECT
 
@@ -45,90 +58,78 @@ private slots:
     // Cancel do differs from one command to the next.
     void preguntas_data()
     {
-        QTest::addColumn<QString>("comando");
-        QTest::addColumn<bool>("modificado");
-        QTest::addColumn<bool>("conocido");
-        QTest::addColumn<QList<Answer>>("respuestas");
-        QTest::addColumn<QStringList>("pasos");
-        QTest::addColumn<bool>("sigue");
-
-        const QList<Answer> nada;
-        const QList<Answer> si{Answer::Yes}, no{Answer::No}, cancelar{Answer::Cancel};
-        const QStringList q{"question"};
-        QTest::newRow("open, clean") << "abrir" << false << true << nada << QStringList{"open"} << true;
+        QTest::addColumn<Pregunta>("p");
+        const Answer Y = Answer::Yes, N = Answer::No, C = Answer::Cancel;
+        const QStringList q{"question"}, qs{"question", "save"};
+        const auto fila = [](const char* nombre, const Pregunta& p) { QTest::newRow(nombre) << p; };
+        fila("open, clean", {"abrir", false, true, {}, {"open"}, true});
         // Yes saves and stops: the person gives the command again.
-        QTest::newRow("open, yes") << "abrir" << true << true << si << q << false;
-        QTest::newRow("open, yes, no file yet") << "abrir" << true << false << si << (q + QStringList{"save"}) << false;
-        QTest::newRow("open, no") << "abrir" << true << true << no << (q + QStringList{"open"}) << true;
-        QTest::newRow("open, cancel") << "abrir" << true << true << cancelar << q << false;
+        fila("open, yes", {"abrir", true, true, {Y}, q, false});
+        fila("open, yes, no file yet", {"abrir", true, false, {Y}, qs, false});
+        fila("open, no", {"abrir", true, true, {N}, q + QStringList{"open"}, true});
+        fila("open, cancel", {"abrir", true, true, {C}, q, false});
         // New goes on after a Yes.
-        QTest::newRow("new, clean") << "nuevo" << false << true << nada << QStringList{"frmCargaTXL"} << true;
-        QTest::newRow("new, yes") << "nuevo" << true << false << si << (q + QStringList{"save", "frmCargaTXL"}) << true;
-        QTest::newRow("new, cancel") << "nuevo" << true << true << cancelar << q << false;
-        QTest::newRow("label 4, clean") << "etiqueta" << false << true << nada << QStringList{} << true;
-        QTest::newRow("label 4, yes") << "etiqueta" << true << true << si << q << true;
-        QTest::newRow("label 4, no") << "etiqueta" << true << true << no << q << true;
-        QTest::newRow("label 4, cancel") << "etiqueta" << true << true << cancelar << q << false;
-        QTest::newRow("convert, clean") << "convertir" << false << true << nada << QStringList{} << true;
-        QTest::newRow("convert, cancel") << "convertir" << true << true << cancelar << q << false;
-        QTest::newRow("model, clean") << "modelo" << false << true << nada << QStringList{} << true;
-        QTest::newRow("model, no") << "modelo" << true << true << no << q << true;
-        QTest::newRow("model, cancel") << "modelo" << true << true << cancelar << q << false;
-        QTest::newRow("close, yes") << "cierre" << true << true << si << q << true;
+        fila("new, clean", {"nuevo", false, true, {}, {"frmCargaTXL"}, true});
+        fila("new, yes", {"nuevo", true, false, {Y}, qs + QStringList{"frmCargaTXL"}, true});
+        fila("new, cancel", {"nuevo", true, true, {C}, q, false});
+        fila("label 4, clean", {"etiqueta", false, true, {}, {}, true});
+        fila("label 4, yes", {"etiqueta", true, true, {Y}, q, true});
+        fila("label 4, no", {"etiqueta", true, true, {N}, q, true});
+        fila("label 4, cancel", {"etiqueta", true, true, {C}, q, false});
+        fila("convert, clean", {"convertir", false, true, {}, {}, true});
+        fila("convert, cancel", {"convertir", true, true, {C}, q, false});
+        fila("model, clean", {"modelo", false, true, {}, {}, true});
+        fila("model, no", {"modelo", true, true, {N}, q, true});
+        fila("model, cancel", {"modelo", true, true, {C}, q, false});
+        fila("close, yes", {"cierre", true, true, {Y}, q, true});
         // A save abandoned in its dialog does not stop the closing.
-        QTest::newRow("close, yes, dialog cancelled") << "cierre" << true << false << si << (q + QStringList{"save"}) << true;
-        QTest::newRow("close, cancel") << "cierre" << true << true << cancelar << q << false;
+        fila("close, yes, dialog cancelled", {"cierre", true, false, {Y}, qs, true});
+        fila("close, cancel", {"cierre", true, true, {C}, q, false});
     }
 
     void preguntas()
     {
-        QFETCH(QString, comando);
-        QFETCH(bool, modificado);
-        QFETCH(bool, conocido);
-        QFETCH(QList<Answer>, respuestas);
-        QFETCH(QStringList, pasos);
-        QFETCH(bool, sigue);
-
+        QFETCH(Pregunta, p);
         ConConjunto e;
         ModBase& mb = e.mb;
-        mb.Modificado = modificado;
-        mb.ArchivoConocido = conocido;
+        mb.Modificado = p.modificado;
+        mb.ArchivoConocido = p.conocido;
         mb.Campos(11).Presente = "1"; // the change that a Yes saves
-        e.ui.answers = respuestas;
+        e.ui.answers = p.respuestas;
         const QByteArray antes = e.dir.read("set.pse");
 
         bool siguio = false;
-        if (comando == "abrir") {
+        if (p.comando == "abrir") {
             e.files.Abrir_Eti();
             siguio = e.ui.log.contains("open: " + e.ui.requests.value(0).filter);
-        } else if (comando == "nuevo") {
+        } else if (p.comando == "nuevo") {
             e.files.NuevoConjunto();
             siguio = e.ui.log.contains("frmCargaTXL");
-        } else if (comando == "etiqueta") {
+        } else if (p.comando == "etiqueta") {
             e.files.cambioEtiqueta(4);
             siguio = mb.NombreEtiqueta == "CUATRO";
             QCOMPARE(e.files.controles.VSEtiq, siguio ? 4 : 3);
             QCOMPARE(mb.NumEtiqueta, siguio ? QByteArray("4") : QByteArray("3"));
             QCOMPARE(e.files.IgnorarCambioEtiq, int16_t(0));
-        } else if (comando == "convertir") {
+        } else if (p.comando == "convertir") {
             e.files.Convertir();
             siguio = mb.TipoEtiqueta == "T";
             QVERIFY(!e.files.Convirtiendo);
-        } else if (comando == "modelo") {
+        } else if (p.comando == "modelo") {
             siguio = e.files.pulsarCompatibilidad();
             QCOMPARE(mb.ModeloNuevo, int16_t(siguio ? 0 : 1));
         } else {
             siguio = e.files.consultaCierre();
         }
-        QCOMPARE(e.pasos(), pasos);
-        QCOMPARE(siguio, sigue);
+        QCOMPARE(e.pasos(), p.pasos);
+        QCOMPARE(siguio, p.sigue);
         QVERIFY(e.ui.answers.isEmpty());
 
         // Yes with the set's own file saves into it.
-        const bool guardado = respuestas == QList<Answer>{Answer::Yes} && conocido;
-        QCOMPARE(e.dir.read("set.pse") != antes, guardado);
-        if (comando == "modelo" && respuestas == QList<Answer>{Answer::No})
-            QVERIFY(!mb.Modificado);
+        const bool si = p.respuestas == QList<Answer>{Answer::Yes};
+        QCOMPARE(e.dir.read("set.pse") != antes, si && p.conocido);
+        if (p.comando == "modelo" && !si)
+            QCOMPARE(mb.Modificado, !siguio);
     }
 
     void abrirSegunElPenultimoCaracter_data()
@@ -138,7 +139,6 @@ private slots:
         QTest::newRow("label file") << "x.pde" << true;
         QTest::newRow("capitals") << "LABEL.PDE" << true;
         QTest::newRow("any extension with d before its end") << "abc.d1" << true;
-        QTest::newRow("old label file") << "x.ode" << true;
         QTest::newRow("set file") << "x.pse" << false;
         QTest::newRow("d elsewhere does not count") << "xd.txt" << false;
     }
@@ -156,9 +156,6 @@ private slots:
         }
         e.ui.openPaths.append(carpeta + "/" + nombre);
         e.files.Abrir_Eti();
-        QCOMPARE(e.ui.requests.first().filter,
-                 "All (*.pde,*.pse)|*.pde;*.pse;|" + e.mb.Textos(1316) + " (*.pde)|*.pde|" +
-                     e.mb.Textos(1349) + " (*.pse)|*.pse");
         // A label file is gathered with its neighbours into a set of its name.
         QCOMPARE(QFileInfo::exists(carpeta + "/S"), etiqueta);
         QCOMPARE(e.files.ArchivoConjunto,

@@ -129,7 +129,8 @@ private slots:
         QDir().mkpath(t.carpeta());
         QByteArray rows;
         for (int i = 5; i < 15; ++i)
-            rows += "9:" + QByteArray::number(i).rightJustified(2, '0') + "TEXTO " + QByteArray::number(i) + "\r\n";
+            rows += "9:" + QByteArray::number(i).rightJustified(2, '0') + "TEXTO " +
+                    QByteArray::number(i) + "\r\n";
         t.dir.write("tienda/freetxt.txt", rows + "IGNORED\r\n");
         t.dir.write("tienda/x.pde", {}); // named, but the folder holds no label file beside it
         QFile::remove(t.carpeta() + "/x.pde");

@@ -15,7 +15,7 @@ void etiquetaCompleta(ModBase& mb, const QByteArray& nombre)
     mb.AnchoEtiqueta = "60";
     mb.NombreEtiqueta = nombre;
     for (int i = 0; i < mb.textosLibresModelo(); ++i)
-        mb.TextoLibre(i) = QByteArray(i * 25 / 14, 'A' + i) ;
+        mb.TextoLibre(i) = QByteArray(i * 25 / 14, 'A' + i);
     mb.TextoLibre(1) = "PRECIO \xe9\xf1\xfc \x80 1KG"; // codes above 127
     mb.TextoLibre(2) = QByteArray(25, '\xd3');
     for (int n = 1; n <= mb.camposModelo(); ++n) {
@@ -107,12 +107,11 @@ private slots:
         QTest::addColumn<QByteArray>("fila");
         QTest::addColumn<QByteArray>("dosLeido");
         const QByteArray b25(25, ' '), l25(25, 'L');
-        QTest::newRow("both empty") << QByteArray() << QByteArray() << "900" + b25 + "0" + b25
-                                    << QByteArray();
-        QTest::newRow("equal lengths") << QByteArray("ABC") << QByteArray("XYZ")
-                                       << "900ABC" + QByteArray(22, ' ') + "0XYZ" +
-                                              QByteArray(22, ' ')
-                                       << QByteArray("XYZ");
+        QTest::newRow("both empty")
+            << QByteArray() << QByteArray() << "900" + b25 + "0" + b25 << QByteArray();
+        QTest::newRow("equal lengths")
+            << QByteArray("ABC") << QByteArray("XYZ")
+            << "900ABC" + QByteArray(22, ' ') + "0XYZ" + QByteArray(22, ' ') << QByteArray("XYZ");
         QTest::newRow("long first: the second ends early and keeps its blanks")
             << l25 << QByteArray("S  ") << "900" + l25 + "0S  " << QByteArray("S  ");
         QTest::newRow("empty first pads the second by 25")
@@ -159,7 +158,8 @@ private slots:
     {
         Entorno e(0);
         QList<QByteArray> lines = e.files.lineasEtiqueta("V");
-        lines << "x" << "y";
+        lines << "x"
+              << "y";
         QCOMPARE(e.files.leerLineasEtiqueta(lines), 2);
         QCOMPARE(e.ui.log, QStringList(2, "message: " + e.mb.Textos(1338)));
     }
@@ -175,7 +175,7 @@ private slots:
         e.mb.TextoFijo(0) = "";
         e.mb.Campos(2).Presente = "1";
         e.files.leerLineasEtiqueta(lines.mid(0, 20));
-        QCOMPARE(e.mb.Campos(2).Presente, QByteArray("0")); // reached: from the file
+        QCOMPARE(e.mb.Campos(2).Presente, QByteArray("0"));  // reached: from the file
         QCOMPARE(e.mb.Campos(30).Presente, QByteArray("0")); // not reached: as before
         QCOMPARE(e.mb.TextoFijo(0), QByteArray());
     }
