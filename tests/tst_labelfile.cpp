@@ -85,8 +85,8 @@ private slots:
         QCOMPARE(mb.TipoEtiqueta + mb.AnchoEtiqueta, QByteArray("T60"));
         for (int n = 1; n <= mb.camposModelo(); ++n)
             QCOMPARE(mb.Campos(n), antes.Campos(n));
-        QCOMPARE(mb.TextoFijo(0), antes.TextoFijo(0));
-        QCOMPARE(mb.TextoFijo(1), antes.TextoFijo(1));
+        QCOMPARE(mb.TextoFijo(0) + "|" + mb.TextoFijo(1),
+                 antes.TextoFijo(0) + "|" + antes.TextoFijo(1));
         for (int i = 0; i < mb.textosLibresModelo(); ++i)
             QCOMPARE(mb.TextoLibre(i), modelo ? antes.TextoLibre(i) : antes.TextoLibre(i).mid(1));
 
@@ -158,8 +158,7 @@ private slots:
     {
         Entorno e(0);
         QList<QByteArray> lines = e.files.lineasEtiqueta("V");
-        lines << "x"
-              << "y";
+        lines += {"x", "y"};
         QCOMPARE(e.files.leerLineasEtiqueta(lines), 2);
         QCOMPARE(e.ui.log, QStringList(2, "message: " + e.mb.Textos(1338)));
     }
