@@ -298,19 +298,17 @@ private slots:
         QTest::addColumn<QByteArray>("tipo");
         QTest::addColumn<QList<int>>("presentes");
         QTest::addColumn<QList<int>>("borrados");
-        QTest::newRow("nothing on the label")
-            << 1 << QByteArray("V") << QList<int>{} << QList<int>{};
-        QTest::newRow("V: price and amount by their V boxes")
-            << 1 << QByteArray("V") << QList<int>{13, 14, 20, 1} << QList<int>{13, 14, 1};
-        QTest::newRow("T: operations, total and total mark")
-            << 1 << QByteArray("T") << QList<int>{13, 14, 20} << QList<int>{13, 14, 20};
-        QTest::newRow("another kind: none of the five")
-            << 1 << QByteArray("Q") << QList<int>{13, 14, 20, 11} << QList<int>{11};
+        const auto fila = [](const char* nombre, int modelo, const char* tipo,
+                             const QList<int>& presentes, const QList<int>& borrados) {
+            QTest::newRow(nombre) << modelo << QByteArray(tipo) << presentes << borrados;
+        };
+        fila("nothing on the label", 1, "V", {}, {});
+        fila("V: price and amount by their V boxes", 1, "V", {13, 14, 20, 1}, {13, 14, 1});
+        fila("T: operations, total and total mark", 1, "T", {13, 14, 20}, {13, 14, 20});
+        fila("another kind: none of the five", 1, "Q", {13, 14, 20, 11}, {11});
         // The hidden boxes of free texts 1 to 5 are ticked too on the new model.
-        QTest::newRow("new model: lot and every free text")
-            << 1 << QByteArray("V") << QList<int>{21, 26, 27, 36} << QList<int>{21, 26, 27, 36};
-        QTest::newRow("old model: free texts 1 to 5")
-            << 0 << QByteArray("V") << QList<int>{21, 25, 16} << QList<int>{21, 25, 16};
+        fila("new model: lot and every free text", 1, "V", {21, 26, 27, 36}, {21, 26, 27, 36});
+        fila("old model: free texts 1 to 5", 0, "V", {21, 25, 16}, {21, 25, 16});
     }
     void borrarReglas()
     {

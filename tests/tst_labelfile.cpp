@@ -106,17 +106,17 @@ private slots:
         QTest::addColumn<QByteArray>("dos");
         QTest::addColumn<QByteArray>("fila");
         QTest::addColumn<QByteArray>("dosLeido");
-        const QByteArray b25(25, ' '), l25(25, 'L');
-        QTest::newRow("both empty")
-            << QByteArray() << QByteArray() << "900" + b25 + "0" + b25 << QByteArray();
-        QTest::newRow("equal lengths")
-            << QByteArray("ABC") << QByteArray("XYZ")
-            << "900ABC" + QByteArray(22, ' ') + "0XYZ" + QByteArray(22, ' ') << QByteArray("XYZ");
-        QTest::newRow("long first: the second ends early and keeps its blanks")
-            << l25 << QByteArray("S  ") << "900" + l25 + "0S  " << QByteArray("S  ");
-        QTest::newRow("empty first pads the second by 25")
-            << QByteArray() << QByteArray("SEGUNDA") << "900" + b25 + "0SEGUNDA" + b25
-            << QByteArray("SEGUNDA");
+        const auto fila = [](const char* nombre, const QByteArray& uno, const QByteArray& dos,
+                             const QByteArray& fila, const QByteArray& dosLeido) {
+            QTest::newRow(nombre) << uno << dos << fila << dosLeido;
+        };
+        const QByteArray b22(22, ' '), b25(25, ' '), l25(25, 'L');
+        fila("both empty", "", "", "900" + b25 + "0" + b25, "");
+        fila("equal lengths", "ABC", "XYZ", "900ABC" + b22 + "0XYZ" + b22, "XYZ");
+        fila("long first: the second ends early and keeps its blanks", l25, "S  ",
+             "900" + l25 + "0S  ", "S  ");
+        fila("empty first pads the second by 25", "", "SEGUNDA", "900" + b25 + "0SEGUNDA" + b25,
+             "SEGUNDA");
     }
 
     void textoFijo()
