@@ -67,19 +67,13 @@ private slots:
         fila("open, no", {"abrir", true, true, {N}, q + QStringList{"open"}, true});
         fila("open, cancel", {"abrir", true, true, {C}, q, false});
         // New goes on after a Yes.
-        fila("new, clean", {"nuevo", false, true, {}, {"frmCargaTXL"}, true});
         fila("new, yes", {"nuevo", true, false, {Y}, qs + QStringList{"frmCargaTXL"}, true});
-        fila("new, cancel", {"nuevo", true, true, {C}, q, false});
-        fila("label 4, clean", {"etiqueta", false, true, {}, {}, true});
         fila("label 4, yes", {"etiqueta", true, true, {Y}, q, true});
-        fila("label 4, no", {"etiqueta", true, true, {N}, q, true});
         fila("label 4, cancel", {"etiqueta", true, true, {C}, q, false});
         fila("convert, clean", {"convertir", false, true, {}, {}, true});
         fila("convert, cancel", {"convertir", true, true, {C}, q, false});
-        fila("model, clean", {"modelo", false, true, {}, {}, true});
         fila("model, no", {"modelo", true, true, {N}, q, true});
         fila("model, cancel", {"modelo", true, true, {C}, q, false});
-        fila("close, yes", {"cierre", true, true, {Y}, q, true});
         // A save abandoned in its dialog does not stop the closing.
         fila("close, yes, dialog cancelled", {"cierre", true, false, {Y}, qs, true});
         fila("close, cancel", {"cierre", true, true, {C}, q, false});
@@ -133,7 +127,6 @@ private slots:
     {
         QTest::addColumn<QString>("nombre");
         QTest::addColumn<bool>("etiqueta");
-        QTest::newRow("label file") << "x.pde" << true;
         QTest::newRow("capitals") << "LABEL.PDE" << true;
         QTest::newRow("any extension with d before its end") << "abc.d1" << true;
         QTest::newRow("set file") << "x.pse" << false;
