@@ -30,23 +30,40 @@ class TestDialogos : public QObject {
         InicializarEtiqueta(mb);
     }
 
+    static QList<int> ajustes(const ModBase& m)
+    {
+        return {m.Puerto, m.Baudios, m.Paridad, m.BitsParada, m.BitsDatos};
+    }
+
 private slots:
     void initTestCase() { m_dir.copyBuiltCatalogue(); }
 
-    // The scale number box shows 1 until one was chosen; an earlier choice
-    // shows, and free-texts-only is stored as the button pressed says.
+    // Each setting goes to the box of its own and back; the scale number box
+    // shows 1 until one was chosen; free-texts-only is stored as the button
+    // pressed says.
     void config()
     {
         prepara();
+        mb.Puerto = 2;
+        mb.Baudios = 3;
+        mb.Paridad = 1;
+        mb.BitsDatos = 4; // every setting its own value, so none can stand for another
         mb.NumEquipo = 6;
         mb.SoloTextos = true;
         AjustesConfig a = CargarConfig(mb);
         QCOMPARE(a.equipo, QStringLiteral("6"));
         QVERIFY(!mb.SoloTextos);
+        const QList<int> antes = ajustes(mb);
+        prepara();
         a.equipo = "8";
         GuardarConfig(mb, a, true);
+        QCOMPARE(ajustes(mb), antes);
         QCOMPARE(mb.NumEquipo, int16_t(8));
         QVERIFY(mb.SoloTextos);
+        a.equipo.clear(); // an empty box stores 1
+        GuardarConfig(mb, a, false);
+        QCOMPARE(mb.NumEquipo, int16_t(1));
+        QVERIFY(!mb.SoloTextos);
         mb.NumEquipo = 0;
         QCOMPARE(CargarConfig(mb).equipo, QStringLiteral("1"));
     }

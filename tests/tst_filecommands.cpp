@@ -114,7 +114,6 @@ private slots:
         }
         QCOMPARE(e.pasos(), p.pasos);
         QCOMPARE(siguio, p.sigue);
-        QVERIFY(e.ui.answers.isEmpty());
 
         // Yes with the set's own file saves into it.
         const bool si = p.respuestas == QList<Answer>{Answer::Yes};
