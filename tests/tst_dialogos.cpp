@@ -2,7 +2,6 @@
 // their window tests do not take (the other model, the other kinds of label,
 // the rows that misbehave).
 #include "Catalogo.h"
-#include "CodePage.h"
 #include "ConfigEnvio.h"
 #include "DialogoCampos.h"
 #include "DialogoTextos.h"

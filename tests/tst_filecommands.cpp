@@ -1,7 +1,6 @@
 #include "CodePage.h"
 #include "LabelEnv.h"
 #include "RuntimeErrors.h"
-#include "TextLines.h"
 
 #include <QtTest>
 

@@ -1,6 +1,4 @@
-#include "Filas.h"
 #include "LabelEnv.h"
-#include "TextLines.h"
 
 #include <QtTest>
 
