@@ -40,35 +40,27 @@ private slots:
         QTest::addColumn<QString>("archivo");
         QTest::addColumn<QString>("dano");
         QTest::addColumn<int>("error"); // the run-time error it ends with; 0 for none
+        // Each file, with the error of each damage in this order.
+        const QStringList danos{"empty", "binary", "truncated", "10 MB", "UTF-16"};
+        const auto archivo = [&](const char* nombre, const QList<int>& errores) {
+            for (int i = 0; i < danos.size(); ++i)
+                QTest::addRow("%s %s", nombre, qPrintable(danos.at(i)))
+                    << QString(nombre) << danos.at(i) << errores.at(i);
+        };
         // A set is read line by line into the store, unchecked; the store
         // has 301 lines, and one more ends the program.
-        QTest::newRow("set empty") << "set" << "empty" << 0;
-        QTest::newRow("set binary") << "set" << "binary" << 0;
-        QTest::newRow("set truncated") << "set" << "truncated" << 0;
-        QTest::newRow("set 10 MB") << "set" << "10 MB" << 9;
-        QTest::newRow("set UTF-16") << "set" << "UTF-16" << 9;
+        archivo("set", {0, 0, 0, 9, 9});
         // An opened label file is filed into a new set: 52 lines are read,
-        // and each field row files itself by its own kind, number and code.
-        QTest::newRow("label empty") << "label" << "empty" << 62;
-        QTest::newRow("label binary") << "label" << "binary" << 13;
-        // Cut in the middle of a field row: no code to take the character of.
-        QTest::newRow("label truncated") << "label" << "truncated" << 5;
-        QTest::newRow("label 10 MB") << "label" << "10 MB" << 0;
-        QTest::newRow("label UTF-16") << "label" << "UTF-16" << 13;
+        // and each field row files itself by its own kind, number and code;
+        // cut in the middle of a field row, it has no code to take the
+        // character of.
+        archivo("label", {62, 13, 5, 0, 13});
         // freetxl.sft, read by the OK of the free text load dialog: a
         // sixteenth line has no text to go to.
-        QTest::newRow("freetxl empty") << "freetxl" << "empty" << 0;
-        QTest::newRow("freetxl binary") << "freetxl" << "binary" << 9;
-        QTest::newRow("freetxl truncated") << "freetxl" << "truncated" << 0;
-        QTest::newRow("freetxl 10 MB") << "freetxl" << "10 MB" << 9;
-        QTest::newRow("freetxl UTF-16") << "freetxl" << "UTF-16" << 9;
+        archivo("freetxl", {0, 9, 0, 9, 9});
         // greek.cht, read at every character the transfer adapts: ten lines
         // are wanted, and a number beyond 16 bits ends the program.
-        QTest::newRow("cht empty") << "cht" << "empty" << 62;
-        QTest::newRow("cht binary") << "cht" << "binary" << 0;
-        QTest::newRow("cht truncated") << "cht" << "truncated" << 62;
-        QTest::newRow("cht 10 MB") << "cht" << "10 MB" << 0;
-        QTest::newRow("cht UTF-16") << "cht" << "UTF-16" << 0;
+        archivo("cht", {62, 0, 62, 0, 0});
     }
 
     void archivos()

@@ -1,7 +1,4 @@
-#include "Filas.h"
 #include "LabelEnv.h"
-#include "RuntimeErrors.h"
-#include "TextLines.h"
 
 #include <QtTest>
 
@@ -9,43 +6,26 @@ class TestSetFile : public QObject {
     Q_OBJECT
 
 private slots:
+    // The empty store of each model: where its blocks start and how its rows look.
     void almacenVacio_data()
     {
         QTest::addColumn<int>("modelo");
         QTest::addColumn<int>("indice");
         QTest::addColumn<QByteArray>("linea");
-        const QByteArray b7(7, ' ');
-        QTest::newRow("new: header") << 1 << 0 << QByteArray("TXL");
-        QTest::newRow("new: free rows count from 1") << 1 << 1 << QByteArray("9:01");
-        QTest::newRow("new: last free row") << 1 << 15 << QByteArray("9:15");
-        QTest::newRow("new: block V3") << 1 << 16 << QByteArray("ETQ V 3");
-        QTest::newRow("new: first row of V3") << 1 << 17 << "99V345" + b7 + "A00000000";
-        QTest::newRow("new: field 27 of V3") << 1 << 43 << "99V345" + b7 + "000000000";
-        QTest::newRow("new: last row of V3") << 1 << 52 << "99V345" + b7 + "900000000";
-        QTest::newRow("new: block V5") << 1 << 90 << QByteArray("ETQ V 5");
-        QTest::newRow("new: block T3") << 1 << 127 << QByteArray("ETQ T 3");
-        QTest::newRow("new: block T5") << 1 << 201 << QByteArray("ETQ T 5");
-        QTest::newRow("new: last row of T5") << 1 << 237 << "99T545" + b7 + "900000000";
-        QTest::newRow("new: TXF") << 1 << 238 << QByteArray("TXF");
-        QTest::newRow("new: fixed row")
-            << 1 << 239 << "900" + QByteArray(25, ' ') + "0" + QByteArray(25, ' ');
+        const QByteArray v3 = "99V345" + QByteArray(7, ' '), b25(25, ' ');
+        QTest::newRow("new: free rows count from 01") << 1 << 1 << QByteArray("9:01");
+        QTest::newRow("new: field 27 of V3") << 1 << 43 << v3 + "000000000";
+        QTest::newRow("new: fixed row") << 1 << 239 << "900" + b25 + "0" + b25;
         QTest::newRow("old: free rows") << 0 << 5 << QByteArray("9:5");
-        QTest::newRow("old: block V1") << 0 << 6 << QByteArray("ETQ V 1");
-        QTest::newRow("old: field Z of V1") << 0 << 32 << "99V145" + b7 + "Z00000000";
-        QTest::newRow("old: block V2") << 0 << 33 << QByteArray("ETQ V 2");
-        QTest::newRow("old: block T1") << 0 << 141 << QByteArray("ETQ T 1");
-        QTest::newRow("old: block T5") << 0 << 249 << QByteArray("ETQ T 5");
-        QTest::newRow("old: last row") << 0 << 275 << "99T545" + b7 + "Z00000000";
-        QTest::newRow("old: TXF") << 0 << 276 << QByteArray("TXF");
+        QTest::newRow("old: last row") << 0 << 275 << QByteArray("99T545       Z00000000");
     }
 
     void almacenVacio()
     {
         QFETCH(int, modelo);
         QFETCH(int, indice);
-        QFETCH(QByteArray, linea);
         LabelEnv e(modelo);
-        QCOMPARE(e.files.Lineas(indice), linea);
+        QTEST(e.files.Lineas(indice), "linea");
         QCOMPARE(e.files.lineasArchivo().size(), modelo ? 240 : 278);
     }
 
@@ -70,21 +50,14 @@ private slots:
         mb.NombreEtiqueta = "TOTAL";
         mb.Campos(20).Presente = "1";
         mb.Campos(20).TextoHor = "072";
-        mb.Campos(20).Tamano = "3";
         mb.TextoLibre(0) = "PRIMERO";
         mb.TextoFijo(1) = "FIJO";
         e.files.GuardarEtiquetaConjunto();
-        QVERIFY(mb.ArchivoConocido && !mb.Modificado);
-        const QByteArray file = e.dir.read("set.pse");
-        QCOMPARE(splitLines(file).size(), modelo ? 240 : 278);
 
         // Another label of the set: empty, but with the common texts. (In the
         // old model packing label 1 has free text rows over its first rows.)
         e.files.CargarEtiquetaConjunto(base + 1);
         QCOMPARE(mb.TipoEtiqueta, QByteArray("V"));
-        QCOMPARE(mb.NumEtiqueta, QByteArray::number(base + 1));
-        QCOMPARE(mb.AnchoEtiqueta, QByteArray("45"));
-        QCOMPARE(mb.Campos(20).Presente, QByteArray("0"));
         QCOMPARE(mb.Campos(20).TextoHor, QByteArray("000"));
         // The old model reads free texts one column late.
         QCOMPARE(mb.TextoLibre(0), modelo ? QByteArray("PRIMERO") : QByteArray("RIMERO"));
@@ -95,13 +68,9 @@ private slots:
 
         // And back to the total label.
         e.files.CargarEtiquetaConjunto(base + 1 + (modelo ? 3 : 5));
-        QCOMPARE(mb.TipoEtiqueta, QByteArray("T"));
         QCOMPARE(mb.Campos(20).PosHor, int16_t(20));
-        QCOMPARE(mb.Campos(20).Tamano, QByteArray("3"));
-        QCOMPARE(mb.NombreEtiqueta, QByteArray("TOTAL"));
-        QCOMPARE(e.files.controles.lblNombre,
-                 "TOTAL --- " + mb.Textos(1310) + " --- " + mb.Textos(623) + " " +
-                     QString::number(base + 1));
+        QCOMPARE(e.files.controles.lblNombre, "TOTAL --- " + mb.Textos(1310) + " --- " +
+                                                  mb.Textos(623) + " " + QString::number(base + 1));
 
         // A set file read into a fresh store and written again is the same file.
         LabelEnv other(modelo);
@@ -109,7 +78,7 @@ private slots:
         other.files.CargarConjunto();
         other.mb.ArchivoActual = other.dir.file("copy.pse");
         other.files.GuardaConjunto();
-        QCOMPARE(other.dir.read("copy.pse"), file);
+        QCOMPARE(other.dir.read("copy.pse"), e.dir.read("set.pse"));
     }
 
     // In the old model the fifteen free text rows land on the block of
@@ -118,10 +87,8 @@ private slots:
     {
         LabelEnv e(0);
         e.mb.ArchivoActual = e.dir.file("set.ose");
-        e.mb.TipoEtiqueta = "V";
         e.mb.NumEtiqueta = "3";
         e.files.GuardarEtiquetaConjunto();
-        QCOMPARE(e.files.Lineas(6), QByteArray("9:5"));
         QCOMPARE(e.files.Lineas(15), QByteArray("9:14"));
         e.mb.NumEtiqueta = "1";
         e.files.GuardarEtiquetaConjunto();
@@ -129,15 +96,8 @@ private slots:
         QCOMPARE(e.files.Lineas(7), "99V145" + QByteArray(7, ' ') + "A00000000");
     }
 
-    void archivoDemasiadoLargo()
-    {
-        LabelEnv e(1);
-        e.dir.write("big.pse", QByteArray("x\r\n").repeated(302));
-        e.mb.ArchivoActual = e.dir.file("big.pse");
-        QCOMPARE(errorNumber([&] { e.files.CargarConjunto(); }), 9);
-    }
-
-    // A short set file leaves the rest of the store as it was.
+    // A short set file leaves the rest of the store as it was (one line more
+    // than the store holds ends the program: see the damaged files' tests).
     void archivoCorto()
     {
         LabelEnv e(1);
@@ -147,7 +107,6 @@ private slots:
         e.files.CargarConjunto();
         QCOMPARE(e.files.Lineas(200), QByteArray("KEEP"));
         QCOMPARE(e.mb.TextoLibre(0), QByteArray("HOLA"));
-        QCOMPARE(e.files.ArchivoConjunto, e.dir.file("short.pse"));
     }
 };
 
