@@ -30,7 +30,17 @@ QByteArray crlf(QByteArray lines)
     return lines.replace("\n", "\r\n");
 }
 
+// A cfg.ini as found, and what the reading makes of it.
+struct Lectura {
+    QByteArray contenido;
+    QList<int> esperado;
+    QString ruta;
+    bool modeloLeido = true; // the marker file was looked at
+};
+
 } // namespace
+
+Q_DECLARE_METATYPE(Lectura)
 
 class TestConfiguracion : public QObject {
     Q_OBJECT
@@ -38,64 +48,57 @@ class TestConfiguracion : public QObject {
 private slots:
     void lectura_data()
     {
-        QTest::addColumn<QByteArray>("contenido");
-        QTest::addColumn<QList<int>>("esperado");
-        QTest::addColumn<QString>("ruta");
-        QTest::addColumn<bool>("modeloLeido"); // the marker file was looked at
-
+        QTest::addColumn<Lectura>("l");
         QTest::newRow("long form, stops at line 9")
-            << crlf("Idioma = 3\nPuerto de comunicaci\xf3n = 2\nBaudios = 1\nParidad = 2\n"
-                    "Bits de parada = 1\nBits de datos = 0\nSombreado = 0\n"
-                    "Fondo = C:\\fotos\\logo.bmp\n-----\nIdioma = 9\n")
-            << QList<int>{3, 2, 1, 2, 1, 0, 0} << "C:\\fotos\\logo.bmp" << true;
+            << Lectura{crlf("Idioma = 3\nPuerto de comunicaci\xf3n = 2\nBaudios = 1\nParidad = 2\n"
+                            "Bits de parada = 1\nBits de datos = 0\nSombreado = 0\n"
+                            "Fondo = C:\\fotos\\logo.bmp\n-----\nIdioma = 9\n"),
+                       {3, 2, 1, 2, 1, 0, 0},
+                       "C:\\fotos\\logo.bmp"};
         QTest::newRow("only the last character counts")
-            << crlf("Idioma = 12\nPuerto = 3\n") << QList<int>{2, 3, 0, 0, 0, 0, 0} << "" << true;
+            << Lectura{crlf("Idioma = 12\nPuerto = 3\n"), {2, 3, 0, 0, 0, 0, 0}};
         QTest::newRow("the highest values are kept")
-            << crlf("8\n3\n3\n2\n1\n1\n1\n") << QList<int>{8, 3, 3, 2, 1, 1, 1} << "" << true;
-        QTest::newRow("out of range values are replaced")
-            << crlf("x 9\nx 7\nx 7\nx 5\nx 4\nx 2\nx 3\nNo Fondo\n")
-            << QList<int>{1, 0, 0, 0, 0, 0, 1} << "" << true;
+            << Lectura{crlf("8\n3\n3\n2\n1\n1\n1\n"), {8, 3, 3, 2, 1, 1, 1}};
+        QTest::newRow("out of range values are replaced") << Lectura{
+            crlf("x 9\nx 7\nx 7\nx 5\nx 4\nx 2\nx 3\nNo Fondo\n"), {1, 0, 0, 0, 0, 0, 1}};
         QTest::newRow("language 0 becomes 1, an empty line ends the reading")
-            << crlf("Idioma = 0\nPuerto = 1\n\nParidad = 2\n") << QList<int>{1, 1, 0, 0, 0, 0, 0}
-            << "" << true;
+            << Lectura{crlf("Idioma = 0\nPuerto = 1\n\nParidad = 2\n"), {1, 1, 0, 0, 0, 0, 0}};
         QTest::newRow("an empty file leaves every setting at 0")
-            << QByteArray() << QList<int>{0, 0, 0, 0, 0, 0, 0} << "" << true;
+            << Lectura{QByteArray(), {0, 0, 0, 0, 0, 0, 0}};
+        // A damaged file skips the marker and the left-over file.
         QTest::newRow("a blank after the digit is a type mismatch")
-            << crlf("Idioma = 2 \nPuerto = 1\n") << kDefectos << "" << false;
+            << Lectura{crlf("Idioma = 2 \nPuerto = 1\n"), kDefectos, "", false};
         QTest::newRow("a letter on line 7 restores everything")
-            << crlf("2\n1\n3\n1\n1\n0\nSombreado = s\n") << kDefectos << "" << false;
+            << Lectura{crlf("2\n1\n3\n1\n1\n0\nSombreado = s\n"), kDefectos, "", false};
         QTest::newRow("a path with = survives behind the first one")
-            << crlf("1\n1\n1\n1\n1\n1\n1\nFondo = C:\\a=b.bmp\n") << QList<int>{1, 1, 1, 1, 1, 1, 1}
-            << "C:\\a=b.bmp" << true;
+            << Lectura{crlf("1\n1\n1\n1\n1\n1\n1\nFondo = C:\\a=b.bmp\n"),
+                       {1, 1, 1, 1, 1, 1, 1},
+                       "C:\\a=b.bmp"};
         QTest::newRow("line 8 ending in = has no path")
-            << crlf("1\n1\n1\n1\n1\n1\n1\nFondo =\n") << QList<int>{1, 1, 1, 1, 1, 1, 1} << ""
-            << true;
-        QTest::newRow("Greek path decoded in the language read")
-            << crlf("7\n0\n2\n0\n0\n1\n1\n\xd6\xfc\xed\xf4\xef = \xe5\xe9\xea\xfc\xed\xe1.bmp\n")
-            << QList<int>{7, 0, 2, 0, 0, 1, 1} << QStringLiteral("εικόνα.bmp") << true;
+            << Lectura{crlf("1\n1\n1\n1\n1\n1\n1\nFondo =\n"), {1, 1, 1, 1, 1, 1, 1}};
+        QTest::newRow("Greek path decoded in the language read") << Lectura{
+            crlf("7\n0\n2\n0\n0\n1\n1\n\xd6\xfc\xed\xf4\xef = \xe5\xe9\xea\xfc\xed\xe1.bmp\n"),
+            {7, 0, 2, 0, 0, 1, 1},
+            QStringLiteral("εικόνα.bmp")};
         QTest::newRow("lines ending in a lone line feed")
-            << QByteArray("Idioma = 5\nPuerto = 2\n") << QList<int>{5, 2, 0, 0, 0, 0, 0} << ""
-            << true;
+            << Lectura{"Idioma = 5\nPuerto = 2\n", {5, 2, 0, 0, 0, 0, 0}};
     }
 
     void lectura()
     {
-        QFETCH(QByteArray, contenido);
-        QFETCH(bool, modeloLeido);
+        QFETCH(Lectura, l);
         ProgramDir dir;
-        dir.write("cfg.ini", contenido);
+        dir.write("cfg.ini", l.contenido);
         dir.write("sirel.new", {});
         dir.write("Lastfreetext.txt", "x");
         ModBase mb;
         dir.attach(mb);
-
         QCOMPARE(LeerConfiguracion(mb), int16_t(0));
-        QTEST(ajustes(mb), "esperado");
-        QTEST(mb.RutaFondo, "ruta");
-        // A damaged file skips the marker and the left-over file.
-        QCOMPARE(mb.ModeloNuevo, int16_t(modeloLeido ? 1 : 0));
-        QCOMPARE(dir.exists("Lastfreetext.txt"), !modeloLeido);
-        QCOMPARE(dir.read("cfg.ini"), contenido);
+        QCOMPARE(ajustes(mb), l.esperado);
+        QCOMPARE(mb.RutaFondo, l.ruta);
+        QCOMPARE(mb.ModeloNuevo, int16_t(l.modeloLeido ? 1 : 0));
+        QCOMPARE(dir.exists("Lastfreetext.txt"), !l.modeloLeido);
+        QCOMPARE(dir.read("cfg.ini"), l.contenido);
     }
 
     // No cfg.ini: the defaults, written in the short form, and the marker

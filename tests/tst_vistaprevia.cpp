@@ -20,31 +20,16 @@ double diferencia(const QImage& a, const QImage& b)
 {
     if (a.size() != b.size())
         return 1;
-    const QImage x = a.convertToFormat(QImage::Format_RGB32);
-    const QImage y = b.convertToFormat(QImage::Format_RGB32);
     qint64 distintos = 0;
-    for (int j = 0; j < x.height(); ++j) {
-        const QRgb* p = reinterpret_cast<const QRgb*>(x.constScanLine(j));
-        const QRgb* q = reinterpret_cast<const QRgb*>(y.constScanLine(j));
-        for (int i = 0; i < x.width(); ++i) {
-            const int d =
-                qMax(qMax(qAbs(qRed(p[i]) - qRed(q[i])), qAbs(qGreen(p[i]) - qGreen(q[i]))),
-                     qAbs(qBlue(p[i]) - qBlue(q[i])));
-            if (d > 96)
-                ++distintos;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            distintos += qMax(qMax(qAbs(qRed(p) - qRed(q)), qAbs(qGreen(p) - qGreen(q))),
+                              qAbs(qBlue(p) - qBlue(q))) > 96;
         }
     }
-    return double(distintos) / (x.width() * x.height());
-}
-
-// The dark pixels of a drawing.
-int oscuros(const QImage& img)
-{
-    int n = 0;
-    for (int y = 0; y < img.height(); ++y)
-        for (int x = 0; x < img.width(); ++x)
-            n += qGray(img.pixel(x, y)) < 128;
-    return n;
+    return double(distintos) / (a.width() * a.height());
 }
 
 } // namespace

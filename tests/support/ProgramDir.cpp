@@ -7,10 +7,6 @@
 #include <QFileInfo>
 #include <stdexcept>
 
-#ifndef KORVO_BUILT_CATALOGUE
-#error "the tests need the path of the built catalogue"
-#endif
-
 ProgramDir::ProgramDir()
 {
     if (!m_dir.isValid())
