@@ -34,7 +34,7 @@ QByteArray crlf(QByteArray lines)
 struct Lectura {
     QByteArray contenido;
     QList<int> esperado;
-    QString ruta;
+    QString ruta = {};
     bool modeloLeido = true; // the marker file was looked at
 };
 
@@ -131,7 +131,7 @@ private slots:
     }
 
     // The long form names every line in the language and ends with the
-    // legend of the values; a folder it cannot be written to ends the program.
+    // legend of the values. A failed write is the full-disk tests' business.
     void formaLarga_data()
     {
         QTest::addColumn<QString>("ruta");
@@ -166,9 +166,6 @@ private slots:
                           "Bits de parada: 1 = 0; 2 = 1; \n"
                           "Bits de datos: 7 = 0; 8 = 1;\n"
                           "Sombreado: No = 0; S\xed = 1;\n"));
-
-        mb.programDir = dir.file("no-such-folder");
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, GuardarConfiguracion(mb));
     }
 
     // Whatever the language of the last run, the next one reads the same

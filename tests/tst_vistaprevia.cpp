@@ -176,42 +176,41 @@ private slots:
         QVERIFY2(d < 0.004, qPrintable(QStringLiteral("%1 of the pixels differ").arg(d)));
     }
 
+    // Each format by its name, the label at its true size: the picture at
+    // 300 dots an inch, the drawing and the page in millimetres, the page in
+    // whole points as the writer rounds them.
     void exporta_data()
     {
         QTest::addColumn<QString>("archivo");
-        QTest::addColumn<QByteArray>("principio");
-        QTest::newRow("png") << "v.png" << QByteArray("\x89PNG");
-        QTest::newRow("svg") << "v.svg" << QByteArray("<?xml");
-        QTest::newRow("pdf") << "v.PDF" << QByteArray("%PDF");
+        QTest::addColumn<QByteArrayList>("contiene");
+        QTest::newRow("png") << "v.png"
+                             << QByteArrayList{"\x89PNG",
+                                               QByteArray("IHDR\0\0\x02\xa1\0\0\x02\xc5", 12)};
+        QTest::newRow("svg") << "v.svg"
+                             << QByteArrayList{"<?xml", "viewBox=\"0 0 57 60\"", "width=\"57mm\""};
+        QTest::newRow("pdf") << "v.PDF"
+                             << QByteArrayList{"%PDF", "/MediaBox [0 0 162.000000 170.000000]"};
     }
 
     void exporta()
     {
         QFETCH(QString, archivo);
+        QFETCH(QByteArrayList, contiene);
         ModBase mb = referencia(QStringLiteral("total60"));
         exportarVistaPrevia(mb, m_dir.file(archivo));
         const QByteArray bytes = m_dir.read(archivo);
-        QTEST(bytes.left(archivo.endsWith(QLatin1String(".svg")) ? 5 : 4), "principio");
-        if (archivo.endsWith(QLatin1String(".png")))
-            QCOMPARE(QImage::fromData(bytes).size(), QSize(673, 709)); // 300 dots an inch
-        if (archivo.endsWith(QLatin1String(".svg"))) {
-            QVERIFY(bytes.contains("viewBox=\"0 0 57 60\""));
-            QVERIFY(bytes.contains("width=\"57mm\""));
-        }
-        if (archivo.endsWith(QLatin1String(".PDF")))
-            // 57 x 60 mm in whole points, as the writer rounds them.
-            QVERIFY2(bytes.contains("/MediaBox [0 0 162.000000 170.000000]"),
-                     bytes.mid(bytes.indexOf("/MediaBox"), 40).constData());
+        QVERIFY(bytes.startsWith(contiene.first()));
+        for (const QByteArray& c : contiene)
+            QVERIFY2(bytes.contains(c), c.constData());
     }
 
+    // A name of no known format is the caller's mistake; a failed write is
+    // the full-disk tests' business.
     void exportaFalla()
     {
         ModBase mb = referencia(QStringLiteral("total60"));
         QVERIFY_THROWS_EXCEPTION(std::invalid_argument,
                                  exportarVistaPrevia(mb, m_dir.file(QStringLiteral("v.gif"))));
-        QCOMPARE(
-            errorNumber([&] { exportarVistaPrevia(mb, m_dir.file(QStringLiteral("no/v.png"))); }),
-            75);
     }
 };
 
