@@ -25,7 +25,6 @@ private slots:
         QTest::addColumn<QByteArray>("codigo");
         QTest::addColumn<int>("textoLibre");
         QTest::newRow("first") << 1 << QByteArray("A") << 0;
-        QTest::newRow("price, no free text") << 20 << QByteArray("T") << 0;
         QTest::newRow("free text 5") << 25 << QByteArray("Y") << 5;
         QTest::newRow("lot, last letter") << 26 << QByteArray("Z") << 0;
         QTest::newRow("free text 6, first digit") << 27 << QByteArray("0") << 6;
