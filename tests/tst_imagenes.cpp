@@ -26,11 +26,6 @@ QImage pinta(const Picture& p, QSize size = {200, 200})
     return img;
 }
 
-QString color(QRgb c)
-{
-    return QColor(c).name();
-}
-
 int textos(const Metafile& m)
 {
     return static_cast<int>(
@@ -129,7 +124,7 @@ private slots:
         QFETCH(QPoint, punto);
         const PictureLoad r = readPicture(datosPreview(QStringLiteral("metafiles/") + archivo));
         QCOMPARE(r.error, PictureError::None);
-        QTEST(color(pinta(r.picture).pixel(punto)), "color");
+        QTEST(QColor(pinta(r.picture).pixel(punto)).name(), "color");
     }
 
     // Text keeps its font and reads its codes by the font's character set.

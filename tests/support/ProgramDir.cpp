@@ -7,12 +7,6 @@
 #include <QFileInfo>
 #include <stdexcept>
 
-ProgramDir::ProgramDir()
-{
-    if (!m_dir.isValid())
-        throw std::runtime_error("no temporary folder");
-}
-
 QString ProgramDir::file(const QString& relative) const
 {
     return QDir(m_dir.path()).filePath(relative);
