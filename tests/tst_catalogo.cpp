@@ -8,27 +8,19 @@
 
 #include <QDirIterator>
 #include <QRegularExpression>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QtTest>
-
-#ifndef KORVO_SOURCE_DIR
-#error "the catalogue test reads the sources"
-#endif
 
 namespace {
 
+// The texts the window showed at each repaint.
 class CountingRefresh : public WindowRefresh {
 public:
-    int count = 0;
-    QString textSeen;
-    const ModBase* mb = nullptr;
-    void refresh() override
-    {
-        ++count;
-        textSeen = mb->Textos(2);
-    }
+    explicit CountingRefresh(const ModBase& mb) : m_mb(mb) {}
+    QStringList seen;
+    void refresh() override { seen.append(m_mb.Textos(2)); }
+
+private:
+    const ModBase& m_mb;
 };
 
 CatalogueRow fila(int id, const QString& prefix)
@@ -39,7 +31,6 @@ CatalogueRow fila(int id, const QString& prefix)
         r.texts.append(QStringLiteral("%1-%2").arg(prefix).arg(c));
     return r;
 }
-
 
 // Every id the program's code names: Textos(n) and T(n) in the sources, and
 // the ids of the field catalogue's tables.
@@ -83,102 +74,60 @@ private slots:
         ModBase mb;
         dir.attach(mb);
         QCOMPARE(CargarTextos(mb, 3), int16_t(0));
-        QCOMPARE(mb.Textos.upperBound(), 5);
         QCOMPARE(mb.Textos(2), QStringLiteral("dos-3"));
         QCOMPARE(mb.Textos(5), QStringLiteral("cinco-3"));
         // Ids the table lacks below the highest are empty; above it, an error.
         QCOMPARE(mb.Textos(3), QString());
         QCOMPARE(errorNumber([&] { mb.Textos(6); }), 9);
 
-        // Another language replaces every text.
-        QCOMPARE(CargarTextos(mb, 8), int16_t(0));
-        QCOMPARE(mb.Textos(2), QStringLiteral("dos-8"));
-    }
-
-    void sinBaseDeDatos()
-    {
-        ProgramDir dir;
-        dir.writeCatalogue({fila(2, "dos")});
-        ModBase mb;
-        dir.attach(mb);
-        QCOMPARE(CargarTextos(mb, 1), int16_t(0));
-        QFile::remove(dir.file("lang/lang.db"));
-        QCOMPARE(CargarTextos(mb, 2), int16_t(-1));
-        QCOMPARE(mb.Textos(2), QStringLiteral("dos-1"));
-    }
-
-    void fallosQueTerminanElPrograma_data()
-    {
-        QTest::addColumn<QString>("setup");
-        QTest::addColumn<int>("idioma");
-        QTest::addColumn<int>("error");
-
-        QTest::newRow("language 0 has no column") << "good" << 0 << 3061;
-        QTest::newRow("language 9 has no column") << "good" << 9 << 3061;
-        QTest::newRow("a table without rows") << "empty" << 1 << 94;
-        QTest::newRow("an empty text") << "null" << 1 << 94;
-        QTest::newRow("no table") << "notable" << 1 << 3078;
-        QTest::newRow("not a database") << "garbage" << 1 << 3000;
-        QTest::newRow("an absurd highest id") << "huge" << 1 << 7;
-    }
-
-    void fallosQueTerminanElPrograma()
-    {
-        QFETCH(QString, setup);
-        QFETCH(int, idioma);
-        QFETCH(int, error);
-
-        ProgramDir dir;
-        if (setup == "good") {
-            dir.writeCatalogue({fila(2, "dos")});
-        } else if (setup == "empty") {
-            dir.writeCatalogue({});
-        } else if (setup == "null") {
-            CatalogueRow r = fila(2, "dos");
-            r.texts[0] = QString(); // stored as NULL
-            dir.writeCatalogue({r});
-        } else if (setup == "huge") {
-            dir.writeCatalogue({fila(2, "dos"), fila(2000000000, "muchos")});
-        } else if (setup == "garbage") {
-            dir.write("lang/lang.db", QByteArray(4096, 'x'));
-        } else {
-            dir.writeCatalogue({});
-            QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "drop");
-            db.setDatabaseName(dir.file("lang/lang.db"));
-            QVERIFY(db.open());
-            QVERIFY(db.exec("DROP TABLE texts").lastError().type() == QSqlError::NoError);
-            db.close();
-            db = QSqlDatabase();
-            QSqlDatabase::removeDatabase("drop");
-        }
-        ModBase mb;
-        dir.attach(mb);
-        QCOMPARE(errorNumber([&] { CargarTextos(mb, static_cast<int16_t>(idioma)); }), error);
-    }
-
-    void cambioDeIdioma()
-    {
-        ProgramDir dir;
-        dir.writeCatalogue({fila(2, "dos")});
-        ModBase mb;
-        dir.attach(mb);
-        mb.Idioma = 1;
-        CargarTextos(mb, 1);
-        CountingRefresh window;
-        window.mb = &mb;
-
+        // A change of language repaints the window in the new language before
+        // Idioma is set.
+        mb.Idioma = 3;
+        CountingRefresh window(mb);
         CambiarIdioma(mb, 4, window);
-        // The window repaints in the new language before Idioma is set.
-        QCOMPARE(window.count, 1);
-        QCOMPARE(window.textSeen, QStringLiteral("dos-4"));
+        QCOMPARE(window.seen, QStringList{"dos-4"});
         QCOMPARE(mb.Idioma, int16_t(4));
 
         // Without the database the texts stay, and the language changes anyway.
         QFile::remove(dir.file("lang/lang.db"));
+        QCOMPARE(CargarTextos(mb, 2), int16_t(-1));
         CambiarIdioma(mb, 6, window);
-        QCOMPARE(window.count, 2);
-        QCOMPARE(mb.Textos(2), QStringLiteral("dos-4"));
+        QCOMPARE(window.seen, (QStringList{"dos-4", "dos-4"}));
         QCOMPARE(mb.Idioma, int16_t(6));
+    }
+
+    void fallosQueTerminanElPrograma_data()
+    {
+        QTest::addColumn<QList<CatalogueRow>>("filas");
+        QTest::addColumn<QByteArray>("otroArchivo"); // written over the catalogue unless null
+        QTest::addColumn<int>("idioma");
+        QTest::addColumn<int>("error");
+        CatalogueRow vacia = fila(2, "dos");
+        vacia.texts[0] = QString(); // stored as NULL
+        const QList<CatalogueRow> buenas{fila(2, "dos")};
+        QTest::newRow("language 0 has no column") << buenas << QByteArray() << 0 << 3061;
+        QTest::newRow("language 9 has no column") << buenas << QByteArray() << 9 << 3061;
+        QTest::newRow("a table without rows") << QList<CatalogueRow>{} << QByteArray() << 1 << 94;
+        QTest::newRow("an empty text") << QList<CatalogueRow>{vacia} << QByteArray() << 1 << 94;
+        QTest::newRow("no table, an empty file") << buenas << QByteArray("") << 1 << 3078;
+        QTest::newRow("not a database") << buenas << QByteArray(4096, 'x') << 1 << 3000;
+        QTest::newRow("an absurd highest id")
+            << QList<CatalogueRow>{fila(2, "dos"), fila(2000000000, "muchos")} << QByteArray() << 1
+            << 7;
+    }
+
+    void fallosQueTerminanElPrograma()
+    {
+        QFETCH(QList<CatalogueRow>, filas);
+        QFETCH(QByteArray, otroArchivo);
+        QFETCH(int, idioma);
+        ProgramDir dir;
+        dir.writeCatalogue(filas);
+        if (!otroArchivo.isNull())
+            dir.write("lang/lang.db", otroArchivo);
+        ModBase mb;
+        dir.attach(mb);
+        QTEST(errorNumber([&] { CargarTextos(mb, static_cast<int16_t>(idioma)); }), "error");
     }
 
     void fuente_data()
@@ -189,20 +138,18 @@ private slots:
 
         const QByteArray header = "id\ttext1\ttext2\ttext3\ttext4\ttext5\ttext6\ttext7\ttext8\n";
         QTest::newRow("good, with escapes")
-            << header + "1\ta\\nb\tb\tc\td\te\tf\tg\th\n2\ta\\\\\tb\tc\td\te\tf\tg\th\n" << 2
-            << QStringList{};
-        QTest::newRow("a missing column")
-            << header + "1\ta\tb\tc\td\te\tf\tg\n" << 0
-            << QStringList{"line 2: 8 columns instead of 9"};
-        QTest::newRow("an empty text")
-            << header + "1\ta\t\tc\td\te\tf\tg\th\n" << 1
-            << QStringList{"line 2: id 1, text2 is empty"};
+            << header + "1\ta\\nb\tb\tc\td\te\tf\tg\th\n2\ta\\\\\tb\tc\td\te\tf\tg\th\n"
+            << 2 << QStringList{};
+        QTest::newRow("a missing column") << header + "1\ta\tb\tc\td\te\tf\tg\n"
+                                          << 0 << QStringList{"line 2: 8 columns instead of 9"};
+        QTest::newRow("an empty text") << header + "1\ta\t\tc\td\te\tf\tg\th\n"
+                                       << 1 << QStringList{"line 2: id 1, text2 is empty"};
         QTest::newRow("ids out of order")
-            << header + "5\ta\tb\tc\td\te\tf\tg\th\n5\ta\tb\tc\td\te\tf\tg\th\n" << 2
-            << QStringList{"line 3: id 5 does not follow 5"};
+            << header + "5\ta\tb\tc\td\te\tf\tg\th\n5\ta\tb\tc\td\te\tf\tg\th\n"
+            << 2 << QStringList{"line 3: id 5 does not follow 5"};
         QTest::newRow("an unknown escape")
-            << header + "1\ta\\x\tb\tc\td\te\tf\tg\th\n" << 1
-            << QStringList{"line 2: id 1, text1: unknown escape"};
+            << header + "1\ta\\x\tb\tc\td\te\tf\tg\th\n"
+            << 1 << QStringList{"line 2: id 1, text1: unknown escape"};
     }
 
     void fuente()
@@ -217,42 +164,33 @@ private slots:
 
     // The program's own catalogue: every id the code names has a text in
     // every language, and every text has codes in its language's code page,
-    // since some go into cfg.ini and label files.
+    // since some go into cfg.ini and label files; the build turns the source
+    // into the database text for text.
     void catalogoDelPrograma()
     {
         QFile f(QStringLiteral(KORVO_SOURCE_DIR "/lang/texts.tsv"));
-        QVERIFY(f.open(QIODevice::ReadOnly));
+        f.open(QIODevice::ReadOnly);
         const CatalogueSource source = parseCatalogueSource(f.readAll());
         QCOMPARE(source.problems, QStringList());
-        QHash<int, QStringList> byId;
+        QSet<int> ids;
         for (const CatalogueRow& r : source.rows)
-            byId.insert(r.id, r.texts);
-
+            ids.insert(r.id);
         const QSet<int> used = idsInCode();
         QVERIFY2(used.size() > 40, "the scan of the sources found too few ids");
         for (int id : used)
-            QVERIFY2(byId.contains(id), qPrintable(QStringLiteral("id %1 is missing").arg(id)));
+            QVERIFY2(ids.contains(id), qPrintable(QStringLiteral("id %1 is missing").arg(id)));
 
-        for (const CatalogueRow& r : source.rows)
-            for (int lang = 1; lang <= 8; ++lang)
-                QVERIFY2(CodePage::forLanguage(lang).canEncode(r.texts.at(lang - 1)),
-                         qPrintable(QStringLiteral("id %1, language %2").arg(r.id).arg(lang)));
-    }
-
-    // The build turns the source into the database text for text.
-    void catalogoConstruido()
-    {
-        QFile f(QStringLiteral(KORVO_SOURCE_DIR "/lang/texts.tsv"));
-        QVERIFY(f.open(QIODevice::ReadOnly));
-        const CatalogueSource source = parseCatalogueSource(f.readAll());
         ProgramDir dir;
         dir.copyBuiltCatalogue();
         ModBase mb;
         dir.attach(mb);
         for (int lang = 1; lang <= 8; ++lang) {
             QCOMPARE(CargarTextos(mb, static_cast<int16_t>(lang)), int16_t(0));
-            for (const CatalogueRow& r : source.rows)
+            for (const CatalogueRow& r : source.rows) {
+                QVERIFY2(CodePage::forLanguage(lang).canEncode(r.texts.at(lang - 1)),
+                         qPrintable(QStringLiteral("id %1, language %2").arg(r.id).arg(lang)));
                 QCOMPARE(mb.Textos(r.id), r.texts.at(lang - 1));
+            }
         }
     }
 };

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 
 void copiaImagenesStock(const ProgramDir& dir)
 {
@@ -88,4 +89,13 @@ void etiquetaReferencia(ModBase& mb, const QString& nombre)
 QString datosPreview(const QString& relativo)
 {
     return QStringLiteral(KORVO_SOURCE_DIR "/tests/data/preview/") + relativo;
+}
+
+int oscuros(const QImage& img)
+{
+    int n = 0;
+    for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x)
+            n += qGray(img.pixel(x, y)) < 128;
+    return n;
 }

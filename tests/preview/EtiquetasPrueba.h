@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QImage;
+
 struct ModBase;
 class ProgramDir;
 
@@ -18,3 +20,6 @@ QStringList etiquetasReferencia();
 
 // The test data folder of the preview.
 QString datosPreview(const QString& relativo);
+
+// The dark pixels of a drawing.
+int oscuros(const QImage& img);

@@ -7,16 +7,6 @@
 #include <QFileInfo>
 #include <stdexcept>
 
-#ifndef KORVO_BUILT_CATALOGUE
-#error "the tests need the path of the built catalogue"
-#endif
-
-ProgramDir::ProgramDir()
-{
-    if (!m_dir.isValid())
-        throw std::runtime_error("no temporary folder");
-}
-
 QString ProgramDir::file(const QString& relative) const
 {
     return QDir(m_dir.path()).filePath(relative);

@@ -11,7 +11,6 @@ struct ModBase;
 // A throw-away program folder for one test.
 class ProgramDir {
 public:
-    ProgramDir();
     QString path() const { return m_dir.path(); }
     QString file(const QString& relative) const;
 
