@@ -4,6 +4,7 @@
 // with 36 fields on the label, at true size and at 300 %.
 #include "Cuadro.h"
 #include "EditorEtiqueta.h"
+#include "EtiquetaLlena.h"
 #include "FileCommands.h"
 #include "Historial.h"
 #include "ModBase.h"
@@ -30,16 +31,10 @@ struct Superficie36 {
 
     Superficie36()
     {
-        mb.ModeloNuevo = 1;
-        mb.AnchoEtiqueta = "60";
-        // Every field on, in three narrow columns, with a caption to fit.
-        for (int n = 1; n <= 36; ++n) {
-            Campo& c = mb.Campos(n);
-            c.Presente = "1";
-            c.PosHor = static_cast<int16_t>(n <= 10 ? 3 : 3 + 12 * (n % 3));
-            c.PosVer = static_cast<int16_t>(8 + n % 12);
+        llenarEtiqueta(mb);
+        // Every box with a caption to fit.
+        for (int n = 1; n <= 36; ++n)
             editor.superficie.Imagen(n).caption = QStringLiteral("%1 Precio por kilo").arg(n);
-        }
         editor.cargarSuperficie();
         editor.CargarImagen();
         historial.reiniciar();

@@ -2,6 +2,7 @@
 // surface and over another field's box) and one drop of a group of all 36
 // fields, which is what the window runs on every mouse move and release.
 #include "EditorEtiqueta.h"
+#include "EtiquetaLlena.h"
 #include "FileCommands.h"
 #include "ModBase.h"
 #include "SinVentana.h"
@@ -20,18 +21,12 @@ struct Superficie36 {
 
     explicit Superficie36(bool seleccion)
     {
-        mb.ModeloNuevo = 1;
-        mb.AnchoEtiqueta = "60";
+        llenarEtiqueta(mb);
         for (int i = 0; i < 15; ++i)
             mb.TextoLibre(i) = "TEXTO";
-        // Every field on, in three narrow columns, all selected for a group.
-        for (int n = 1; n <= 36; ++n) {
-            Campo& c = mb.Campos(n);
-            c.Presente = "1";
-            c.PosHor = static_cast<int16_t>(n <= 10 ? 3 : 3 + 12 * (n % 3));
-            c.PosVer = static_cast<int16_t>(8 + n % 12);
-            c.Seleccionado = seleccion;
-        }
+        // All selected for a group, or none.
+        for (int n = 1; n <= 36; ++n)
+            mb.Campos(n).Seleccionado = seleccion;
         editor.cargarSuperficie();
         editor.CargarImagen();
     }
