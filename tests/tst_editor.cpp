@@ -19,9 +19,10 @@ Q_DECLARE_METATYPE(CasoCaja)
 
 // Field `campo` at (10, 20) pressed at its top left, alone or with field 13
 // selected at (30, 30), then dragged over the surface (`debajo` 0: to x, y in
-// units) or over field `debajo` (x, y in twips relative to that box).
+// units) or over field `debajo` (x, y in twips relative to that box), on a
+// label 45 long.
 struct CasoArrastre {
-    int largo, campo;
+    int campo;
     const char* tamano;
     bool grupo;
     int debajo;
@@ -59,13 +60,11 @@ private slots:
     void cajas_data()
     {
         QTest::addColumn<CasoCaja>("c");
-        QTest::newRow("descriptive 2 is wider") << CasoCaja{5, 2, 0, 3, 47, kSimple, 3};
         QTest::newRow("price 3") << CasoCaja{13, 3, 0, 3, 31, kDoble, 3};
         QTest::newRow("second currency 1") << CasoCaja{15, 1, 0, 3, 23, kDoble, 3};
         QTest::newRow("label total 3 stays single") << CasoCaja{20, 3, 0, 3, 24, kSimple, 3};
         QTest::newRow("bar code 3") << CasoCaja{16, 3, 0, 3, 26, 100.0 / 9, 3};
         QTest::newRow("date 0") << CasoCaja{17, 0, 0, 3, 12.5, kSimple, 3};
-        QTest::newRow("free text 11 at 3") << CasoCaja{25, 3, 11, 3, 47.0 / 12 * 11, kDoble, 3};
         QTest::newRow("free text 13 at 2") << CasoCaja{36, 2, 13, 3, 47, kSimple, 3};
         // Tested against 52, put back against 53.
         QTest::newRow("ends at 52: stays") << CasoCaja{12, 0, 0, 41, 11, kSimple, 41};
@@ -87,7 +86,6 @@ private slots:
         const Caja& caja = env.editor.superficie.Imagen(c.campo);
         QCOMPARE(float(caja.width()), float(c.ancho));
         QCOMPARE(float(caja.height()), float(c.alto));
-        QCOMPARE(env.mb.Campos(c.campo).Tamano, QByteArray::number(c.tamano));
         QCOMPARE(env.mb.Campos(c.campo).PosHor, c.resultado);
         QCOMPARE(caja.left(), double(c.resultado));
         // The push-back leaves the stored text alone.
@@ -108,38 +106,37 @@ private slots:
         QTest::addColumn<CasoArrastre>("c");
         const auto fila = [](const char* nombre, CasoArrastre c) { QTest::newRow(nombre) << c; };
         // Field 1 (45 x 3.33) over the surface.
-        fila("left 8 stands", {45, 1, "0", false, 0, 8, 20, 2, 8, true});
-        fila("left 9 ends at 54", {45, 1, "0", false, 0, 9, 20, 2, 9, false});
-        fila("left 2 in the band", {45, 1, "0", false, 0, 2, 20, 2, 2, false});
-        fila("left 3 just clear", {45, 1, "0", false, 0, 3, 20, 2, 3, true});
-        fila("top 7", {45, 1, "0", false, 0, 5, 7, 2, 5, false});
-        fila("top 8", {45, 1, "0", false, 0, 5, 8, 2, 5, true});
-        fila("bottom 45.33 rounds to 45", {45, 1, "0", false, 0, 5, 42, 2, 5, true});
-        fila("bottom 46.33", {45, 1, "0", false, 0, 5, 43, 2, 5, false});
-        fila("double row ends at 47.56", {45, 1, "1", false, 0, 5, 42, 2, 5, false});
-        fila("leaving, inside the limits", {45, 1, "0", false, 0, 5, 20, 1, 5, true});
-        fila("entering, outside", {45, 1, "0", false, 0, 20, 20, 0, 20, false});
+        fila("left 8 stands", {1, "0", false, 0, 8, 20, 2, 8, true});
+        fila("left 9 ends at 54", {1, "0", false, 0, 9, 20, 2, 9, false});
+        fila("left 2 in the band", {1, "0", false, 0, 2, 20, 2, 2, false});
+        fila("left 3 just clear", {1, "0", false, 0, 3, 20, 2, 3, true});
+        fila("top 7", {1, "0", false, 0, 5, 7, 2, 5, false});
+        fila("top 8", {1, "0", false, 0, 5, 8, 2, 5, true});
+        fila("bottom 45.33 rounds to 45", {1, "0", false, 0, 5, 42, 2, 5, true});
+        fila("bottom 46.33", {1, "0", false, 0, 5, 43, 2, 5, false});
+        fila("double row ends at 47.56", {1, "1", false, 0, 5, 42, 2, 5, false});
+        fila("leaving, inside the limits", {1, "0", false, 0, 5, 20, 1, 5, true});
+        fila("entering, outside", {1, "0", false, 0, 20, 20, 0, 20, false});
         // Field 12 (11 x 3.33) with field 13 (14 wide): the box runs from 10
         // to 44 across and 20 to 33 down.
-        fila("group bottom at 45", {45, 12, "0", true, 0, 10, 32, 2, 10, true});
-        fila("group bottom at 46", {45, 12, "0", true, 0, 10, 33, 2, 10, false});
-        fila("group right at 53", {45, 12, "0", true, 0, 19, 20, 2, 19, true});
-        fila("group right at 54", {45, 12, "0", true, 0, 20, 20, 2, 20, false});
+        fila("group bottom at 45", {12, "0", true, 0, 10, 32, 2, 10, true});
+        fila("group bottom at 46", {12, "0", true, 0, 10, 33, 2, 10, false});
+        fila("group right at 53", {12, "0", true, 0, 19, 20, 2, 19, true});
+        fila("group right at 54", {12, "0", true, 0, 20, 20, 2, 20, false});
         // Field 12 over a box: the pointer is relative to that box, but the
         // dragged field's left and top are added, and the box's size counts.
-        fila("over itself, 2 across", {45, 12, "0", false, 12, 226.8, 0, 0, 12, true});
+        fila("over itself, 2 across", {12, "0", false, 12, 226.8, 0, 0, 12, true});
         // Field 1 at (4, 10) is 45 wide: 10 + 45 is past 53 wherever the pointer.
-        fila("over a wide neighbour", {45, 12, "0", false, 1, 0, 0, 0, 10, false});
+        fila("over a wide neighbour", {12, "0", false, 1, 0, 0, 0, 10, false});
         // The bar code at (20, 30) is 11.11 tall: 14 units down end at 45.11.
-        fila("over the bar code, 14 down", {45, 12, "0", false, 16, 0, 882, 0, 10, true});
-        fila("over the bar code, 16 down", {45, 12, "0", false, 16, 0, 1008, 0, 10, false});
+        fila("over the bar code, 14 down", {12, "0", false, 16, 0, 882, 0, 10, true});
+        fila("over the bar code, 16 down", {12, "0", false, 16, 0, 1008, 0, 10, false});
     }
 
     void limitesArrastre()
     {
         QFETCH(CasoArrastre, c);
         EditorEnv env;
-        env.editor.cambioVSVer(c.largo);
         env.poner(1, 4, 10);
         env.poner(16, 20, 30);
         env.poner(c.campo, 10, 20, c.tamano, c.grupo);
@@ -268,7 +265,6 @@ private slots:
             QSKIP("this table is written for a point as the decimal mark");
         QFETCH(CasoOrden, c);
         EditorEnv env;
-        env.mb.PesoAproximado = true;
         bool alguno = false; // selected
         for (const QList<int>& f : c.campos) {
             env.poner(f[0], f[1], f[2], "0", f[3] != 0);
@@ -280,9 +276,8 @@ private slots:
             c.orden == Izda ? env.editor.AjustarIzda() : env.editor.AjustarArriba();
         const bool ajuste = c.orden < Alinear;
         for (int i = 0; i < c.campos.size(); ++i) {
-            const int n = c.campos[i][0];
-            const Campo& campo = env.mb.Campos(n);
-            const Caja& caja = env.editor.superficie.Imagen(n);
+            const Campo& campo = env.mb.Campos(c.campos[i][0]);
+            const Caja& caja = env.editor.superficie.Imagen(c.campos[i][0]);
             const double borde = c.orden == Arriba ? caja.top() : caja.left();
             const int pos = c.orden == Arriba ? campo.PosVer : campo.PosHor;
             QCOMPARE(borde, c.bordes[i]);
@@ -292,9 +287,6 @@ private slots:
                 QCOMPARE(texto, ajuste ? textoPosicionExacto(pos) : textoPosicionEntero(pos));
             }
             QVERIFY(!campo.Seleccionado);
-            QVERIFY(!caja.rojo);
-            if (n == 11 && !ajuste) // the weight's companion follows an alignment
-                QCOMPARE(env.editor.superficie.Imagen(0).left(), caja.left());
         }
         QCOMPARE(env.mb.Modificado, ajuste && alguno);
     }
