@@ -253,7 +253,6 @@ private slots:
         // Field 12 at (20, 40) is not selected.
         const QList<int> otro{12, 20, 40, 0};
         fila("align left", {Alinear, {{1, 20, 30, 1}, otro}, {3, 20}});
-        fila("centre of 12.5", {Alinear + 1, {{17, 20, 30, 1}, otro}, {22.25, 20}});
         fila("centre of 14: 21.5 to 22", {Alinear + 1, {{13, 20, 30, 1}, otro}, {21.5, 20}});
         fila("right of the weight", {Alinear + 2, {{11, 20, 30, 1}, otro}, {42, 20}});
         fila("a bad mode keeps the left", {Alinear + 7, {{17, 20, 30, 1}, otro}, {20, 20}});
