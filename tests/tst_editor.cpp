@@ -70,8 +70,8 @@ private slots:
         QTest::newRow("ends at 52: stays") << CasoCaja{12, 0, 0, 41, 11, kSimple, 41};
         QTest::newRow("ends at 52.2: to 46") << CasoCaja{21, 0, 4, 45, 7.2, kSimple, 46};
         QTest::newRow("ends at 53.5: to 40") << CasoCaja{17, 0, 0, 41, 12.5, kSimple, 40};
-        QTest::newRow("a long free text goes over the band")
-            << CasoCaja{21, 0, 30, 10, 54, kSimple, -1};
+        // A long free text goes over the band.
+        QTest::newRow("30 letters") << CasoCaja{21, 0, 30, 10, 54, kSimple, -1};
     }
 
     void cajas()
@@ -116,7 +116,6 @@ private slots:
         fila("bottom 46.33", {1, "0", false, 0, 5, 43, 2, 5, false});
         fila("double row ends at 47.56", {1, "1", false, 0, 5, 42, 2, 5, false});
         fila("leaving, inside the limits", {1, "0", false, 0, 5, 20, 1, 5, true});
-        fila("entering, outside", {1, "0", false, 0, 20, 20, 0, 20, false});
         // Field 12 (11 x 3.33) with field 13 (14 wide): the box runs from 10
         // to 44 across and 20 to 33 down.
         fila("group bottom at 45", {12, "0", true, 0, 10, 32, 2, 10, true});
@@ -207,8 +206,8 @@ private slots:
         QTest::newRow("a stack found in reverse order")
             << QList<QList<int>>{{11, 0, 6}, {13, 0, 3}, {14, 0, 0}} << 0 << 9;
         QTest::newRow("a gap big enough") << QList<QList<int>>{{11, 0, 0}, {13, 0, 9}} << 0 << 3;
-        QTest::newRow("touching from above is no obstacle")
-            << QList<QList<int>>{{11, 10, 7}} << 10 << 10;
+        // Touching from above is no obstacle.
+        QTest::newRow("touching from above") << QList<QList<int>>{{11, 10, 7}} << 10 << 10;
         QTest::newRow("the bar code") << QList<QList<int>>{{16, 10, 12}} << 10 << 23;
     }
 
@@ -235,21 +234,18 @@ private slots:
         QTest::addColumn<CasoOrden>("c");
         const auto fila = [](const char* nombre, CasoOrden c) { QTest::newRow(nombre) << c; };
         fila("left: a row closes up", {Izda, {{12, 30, 20, 1}, {11, 20, 20, 1}}, {14, 3}});
-        fila("left: against an unselected field of the same top",
-             {Izda, {{13, 5, 20, 0}, {12, 30, 20, 1}}, {5, 19}});
-        fila("left: one to the right is ignored",
-             {Izda, {{13, 38, 20, 0}, {12, 30, 20, 1}}, {38, 3}});
-        fila("left: an obstacle starting at its bottom does not count",
-             {Izda, {{13, 5, 23, 0}, {12, 30, 20, 1}}, {5, 3}});
-        fila("left: pushed to the right, clear of a long field",
-             {Izda, {{1, 4, 20, 0}, {12, 30, 21, 1}}, {4, 49}});
-        fila("left: equal lefts, the lower number goes first",
-             {Izda, {{12, 30, 20, 1}, {11, 30, 22, 1}}, {14, 3}});
+        // Against an unselected field of the same top; one to its right is
+        // ignored, and so is one that starts at its bottom.
+        fila("left: against a field", {Izda, {{13, 5, 20, 0}, {12, 30, 20, 1}}, {5, 19}});
+        fila("left: one to the right", {Izda, {{13, 38, 20, 0}, {12, 30, 20, 1}}, {38, 3}});
+        fila("left: one touching below", {Izda, {{13, 5, 23, 0}, {12, 30, 20, 1}}, {5, 3}});
+        // Pushed to the right, clear of a long field.
+        fila("left: past a long field", {Izda, {{1, 4, 20, 0}, {12, 30, 21, 1}}, {4, 49}});
+        // Equal lefts: the lower number goes first.
+        fila("left: a tie", {Izda, {{12, 30, 20, 1}, {11, 30, 22, 1}}, {14, 3}});
         fila("left: nothing selected, nothing changes", {Izda, {{12, 30, 20, 0}}, {30}});
         fila("up: a column closes up", {Arriba, {{12, 10, 30, 1}, {11, 10, 20, 1}}, {11, 8}});
-        fila("up: against an obstacle above", {Arriba, {{16, 5, 9, 0}, {12, 10, 30, 1}}, {9, 20}});
-        fila("up: an obstacle beside is ignored",
-             {Arriba, {{16, 21, 9, 0}, {12, 10, 30, 1}}, {9, 8}});
+        fila("up: one beside is ignored", {Arriba, {{16, 21, 9, 0}, {12, 10, 30, 1}}, {9, 8}});
         // Field 12 at (20, 40) is not selected.
         const QList<int> otro{12, 20, 40, 0};
         fila("align left", {Alinear, {{1, 20, 30, 1}, otro}, {3, 20}});

@@ -442,38 +442,34 @@ private slots:
         QVERIFY(!h.puedeDeshacer());
     }
 
-    // The arrows move the red selection, field 12 and the weight (11 wide),
-    // as far as a drag may take it: hor, ver of each before and after.
+    // The arrows move the red selection, here field 12 (11 wide), as far as
+    // a drag may take it.
     void teclasSeleccion_data()
     {
         QTest::addColumn<QPoint>("flecha");
-        QTest::addColumn<QList<int>>("inicio");
-        QTest::addColumn<QList<int>>("fin");
-        const auto fila = [](const char* nombre, QPoint flecha, QList<int> a, QList<int> b) {
-            QTest::newRow(nombre) << flecha << a << b;
-        };
-        fila("five left, cut at the left limit", {-5, 0}, {5, 20, 20, 30}, {3, 20, 18, 30});
-        fila("five down, cut at the bottom", {0, 5}, {10, 20, 20, 38}, {10, 23, 20, 41});
+        QTest::addColumn<QPoint>("inicio");
+        QTest::addColumn<QPoint>("fin");
+        QTest::newRow("left, cut at 3") << QPoint(-5, 0) << QPoint(5, 20) << QPoint(3, 20);
+        QTest::newRow("right, cut at 53") << QPoint(5, 0) << QPoint(40, 20) << QPoint(42, 20);
+        QTest::newRow("down, to the bottom") << QPoint(0, 5) << QPoint(10, 38) << QPoint(10, 41);
         // Where the palette puts new fields, outside the limits: towards them,
         // never further out.
-        fila("from the corner, right", {1, 0}, {0, 0, 0, 4}, {1, 0, 1, 4});
-        fila("from the corner, left", {-1, 0}, {0, 0, 0, 4}, {0, 0, 0, 4});
+        QTest::newRow("from the corner, right") << QPoint(1, 0) << QPoint(0, 0) << QPoint(1, 0);
+        QTest::newRow("from the corner, left") << QPoint(-1, 0) << QPoint(0, 0) << QPoint(0, 0);
     }
 
     void teclasSeleccion()
     {
         QFETCH(QPoint, flecha);
-        QFETCH(QList<int>, inicio);
-        QFETCH(QList<int>, fin);
+        QFETCH(QPoint, inicio);
+        QFETCH(QPoint, fin);
         EditorEnv env;
-        env.poner(12, inicio[0], inicio[1], "0", true);
-        env.poner(11, inicio[2], inicio[3], "0", true);
+        env.poner(12, inicio.x(), inicio.y(), "0", true);
         env.editor.moverSeleccion(flecha.x(), flecha.y());
-        const Campo &a = env.mb.Campos(12), &b = env.mb.Campos(11);
-        QCOMPARE((QList<int>{a.PosHor, a.PosVer, b.PosHor, b.PosVer}), fin);
-        QCOMPARE(env.editor.superficie.Imagen(11).left(), double(fin[2]));
+        QCOMPARE(env.en(12), fin);
+        QCOMPARE(env.editor.superficie.Imagen(12).left(), double(fin.x()));
         if (fin != inicio)
-            QCOMPARE(b.TextoVer, textoPosicionEntero(fin[3]));
+            QCOMPARE(env.mb.Campos(12).TextoHor, textoPosicionEntero(fin.x()));
     }
 
     // A letter taken in either case goes on, an ampersand is kept, and an
