@@ -48,7 +48,7 @@ private slots:
     {
         QTest::addColumn<int>("modelo");
         QTest::addColumn<int>("cargaTXL");
-        QTest::addColumn<QByteArray>("archivo"); // empty: no file
+        QTest::addColumn<QByteArray>("archivo");
         QTest::addColumn<QByteArrayList>("textos");
         const auto fila = [](const char* nombre, int modelo, int carga, const char* archivo,
                              QByteArrayList textos) {
@@ -70,8 +70,7 @@ private slots:
         QFETCH(QByteArray, archivo);
         QFETCH(QByteArrayList, textos);
         LabelEnv e(modelo);
-        if (!archivo.isEmpty())
-            e.dir.write("freetxl.sft", archivo);
+        e.dir.write("freetxl.sft", archivo);
         ModBase& mb = e.mb;
         mb.CargaTXL = static_cast<int16_t>(cargaTXL);
         mb.TextoLibre.fill("OLD");
