@@ -43,7 +43,6 @@ private slots:
         row("barras 3 ignores the code", {16, 3, "V", 0, 10, 20, 26, 10});
         // Free texts: 1.8 mm a letter, at double width at most twelve letters.
         row("txl 25", {22, 0, "V", 25, 10, 19.2, 45, 4.5, "25A.wmf"});
-        row("txl 7 tall", {30, 1, "V", 7, 10, 19.2, 12.6, 6, "7A.wmf"});
         row("txl 13 double", {36, 2, "V", 13, 10, 19.2, 47, 4.5, "12A.wmf"});
         row("txl 3 both", {24, 3, "V", 3, 10, 19.2, 11.75, 6, "3A.wmf"});
         row("txl 5 code 8 as 0", {23, 8, "V", 5, 10, 19.2, 9, 4.5, "5A.wmf"});
