@@ -13,18 +13,25 @@
 #include <QStringList>
 
 // The main window as the editor sees it: the refresh runs the surface's
-// repaint, as the window's does; repaints, dialogs and menus go to the log,
-// and a dialog's effect is what the test scripts for it.
-class ScriptedEditorView : public BaseView, public EditorView {
+// repaint, as the window's does; dialogs and menus go to the log, and a
+// dialog's effect is what the test scripts for it. The background picture
+// loads unless its path is in `ilegibles`.
+class ScriptedEditorView : public BaseView, public EditorView, public CargadorFondo {
 public:
     explicit ScriptedEditorView(QStringList& log) : m_log(log) {}
     EditorEtiqueta* editor = nullptr;
     std::function<void()> dialogo; // what the person does in frmTXL or frmDES
+    QSet<QString> ilegibles;
+    QString mostrada; // the picture the surface shows now
 
-    void refresh() override { repintar("refresh"); }
-    void repintarVentana() override { repintar("repaint"); }
+    void refresh() override { repintarVentana(); }
+    void repintarVentana() override
+    {
+        if (editor)
+            editor->repintar();
+    }
     void mostrarCargaTXL() override { m_log.append(QStringLiteral("frmCargaTXL")); }
-    void repintarCuadro() override { m_log.append(QStringLiteral("Cuadro")); }
+    void repintarCuadro() override {}
     void mostrarTXL() override { abrir("frmTXL"); }
     void mostrarDES() override { abrir("frmDES"); }
     void mostrarBorrar() override { m_log.append(QStringLiteral("frmBorrar")); }
@@ -34,14 +41,15 @@ public:
         static const char* nombres[] = {"mnuVisualiza", "mnuOcultar", "mnuDerecho", "mnuDerecho2"};
         m_log.append(QString::fromLatin1(nombres[static_cast<int>(menu)]));
     }
+    bool cargar(const QString& ruta) override
+    {
+        if (ilegibles.contains(ruta))
+            return false;
+        mostrada = ruta;
+        return true;
+    }
 
 private:
-    void repintar(const char* que)
-    {
-        m_log.append(QLatin1String(que));
-        if (editor)
-            editor->repintar();
-    }
     void abrir(const char* nombre)
     {
         m_log.append(QLatin1String(nombre));
@@ -52,27 +60,6 @@ private:
     QStringList& m_log;
 };
 
-// The picture loader, scripted: the paths it is given go to the log, and
-// the ones in `ilegibles` cannot be read.
-class ScriptedFondo : public CargadorFondo {
-public:
-    explicit ScriptedFondo(QStringList& log) : m_log(log) {}
-    QSet<QString> ilegibles;
-    QString mostrada; // what the surface shows now
-
-    bool cargar(const QString& ruta) override
-    {
-        m_log.append(QStringLiteral("cargar ") + ruta);
-        if (ilegibles.contains(ruta))
-            return false;
-        mostrada = ruta;
-        return true;
-    }
-
-private:
-    QStringList& m_log;
-};
-
 // A program folder with the catalogue in Spanish, and the editor over a
 // fresh shared block of the model asked for.
 struct EditorEnv {
@@ -80,9 +67,8 @@ struct EditorEnv {
     ModBase mb;
     ScriptedInteraction ui;
     ScriptedEditorView view{ui.log};
-    ScriptedFondo cargador{ui.log};
     FileCommands files{mb, ui, view};
-    EditorEtiqueta editor{mb, ui, files, view, cargador};
+    EditorEtiqueta editor{mb, ui, files, view, view};
 
     explicit EditorEnv(int modelo = 1)
     {

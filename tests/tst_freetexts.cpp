@@ -48,14 +48,13 @@ private slots:
     {
         QTest::addColumn<int>("modelo");
         QTest::addColumn<int>("cargaTXL");
-        QTest::addColumn<QByteArray>("archivo"); // empty: no file
+        QTest::addColumn<QByteArray>("archivo");
         QTest::addColumn<QByteArrayList>("textos");
         const auto fila = [](const char* nombre, int modelo, int carga, const char* archivo,
                              QByteArrayList textos) {
             QTest::newRow(nombre) << modelo << carga << QByteArray(archivo) << textos;
         };
         fila("box off: nothing read", 1, 0, "9:00UNO\r\n", {});
-        fila("box on, no file", 1, 1, "", {});
         fila("new file in the new model", 1, 1, "9:00UNO\r\n9:01DOS\r\n", {"UNO", "DOS"});
         // Another model's file shifts the texts by the prefix's width.
         fila("old file in the new model", 1, 1, "9:0UNO\r\n", {"NO"});
@@ -71,25 +70,21 @@ private slots:
         QFETCH(QByteArray, archivo);
         QFETCH(QByteArrayList, textos);
         LabelEnv e(modelo);
-        if (!archivo.isEmpty())
-            e.dir.write("freetxl.sft", archivo);
+        e.dir.write("freetxl.sft", archivo);
         ModBase& mb = e.mb;
         mb.CargaTXL = static_cast<int16_t>(cargaTXL);
         mb.TextoLibre.fill("OLD");
         mb.Modificado = mb.ArchivoConocido = true;
         mb.NumEtiqueta = "5";
         mb.AnchoEtiqueta = "60";
-        mb.NombreEtiqueta = "X";
         mb.TipoEtiqueta = "T";
-        mb.Campos(36).Presente = "1";
         AceptarCargaTXL(mb);
         for (int i = 0; i < 15; ++i)
             QCOMPARE(mb.TextoLibre(i), textos.value(i));
         QVERIFY(!mb.Modificado && !mb.ArchivoConocido);
         // A fresh label of the model, but the kind is not the dialog's.
-        const QByteArrayList cabecera{mb.NumEtiqueta, mb.AnchoEtiqueta, mb.NombreEtiqueta,
-                                      mb.TipoEtiqueta, mb.Campos(36).Presente};
-        QCOMPARE(cabecera, (QByteArrayList{modelo ? "3" : "1", "45", "", "T", "0"}));
+        const QByteArrayList cabecera{mb.NumEtiqueta, mb.AnchoEtiqueta, mb.TipoEtiqueta};
+        QCOMPARE(cabecera, (QByteArrayList{modelo ? "3" : "1", "45", "T"}));
     }
 
     void dieciseisFilas()

@@ -39,16 +39,10 @@ private slots:
         row("tara 3", {12, 3, "V", 0, 10.2, 19.0, 23, 6.5});
         row("oper T 3", {13, 3, "T", 0, 10, 18.8, 31, 6.5, "OPER.wmf"});
         row("total T 1 keeps its picture", {14, 1, "T", 0, 10, 18.8, 14, 6.5});
-        // The others; the bar code has one size whatever its code.
-        row("moneda 1", {15, 1, "V", 0, 10, 19.8, 22, 5});
+        // The bar code has one size whatever its code.
         row("barras 3 ignores the code", {16, 3, "V", 0, 10, 20, 26, 10});
-        row("envasado 1", {17, 1, "V", 0, 9.8, 20, 13, 5});
-        row("marca 1", {20, 1, "T", 0, 9.5, 19.5, 24.5, 5.5});
-        row("lote 2", {26, 2, "V", 0, 10, 19.4, 24, 3.9});
         // Free texts: 1.8 mm a letter, at double width at most twelve letters.
         row("txl 25", {22, 0, "V", 25, 10, 19.2, 45, 4.5, "25A.wmf"});
-        row("txl 7 tall", {30, 1, "V", 7, 10, 19.2, 12.6, 6, "7A.wmf"});
-        row("txl 11 double", {25, 2, "V", 11, 10, 19.2, 47.0 / 12 * 11, 4.5, "11A.wmf"});
         row("txl 13 double", {36, 2, "V", 13, 10, 19.2, 47, 4.5, "12A.wmf"});
         row("txl 3 both", {24, 3, "V", 3, 10, 19.2, 11.75, 6, "3A.wmf"});
         row("txl 5 code 8 as 0", {23, 8, "V", 5, 10, 19.2, 9, 4.5, "5A.wmf"});
