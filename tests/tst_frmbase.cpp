@@ -17,26 +17,11 @@ using recorrido::mostrar;
 
 namespace {
 
-// The menu bar's captions, its menus' and their entries'.
-QStringList captions(const frmBase& w)
-{
-    QStringList out;
-    for (QAction* top : w.menuBar()->actions()) {
-        out.append(top->text());
-        if (QMenu* m = top->menu())
-            for (QAction* a : m->actions())
-                if (!a->isSeparator())
-                    out.append(a->text());
-    }
-    return out;
-}
-
 // A start of the program on a cfg.ini, sound or damaged, naming a background.
 struct Arranque {
-    QString dano;     // of cfg.ini, as archivoDanado makes it; "" sound
-    QString fondo;    // the background: in the source tree, or written here
-    QByteArray bytes; // of a background written here
-    bool aviso;       // the background is reported unreadable
+    QString dano;  // of cfg.ini, as archivoDanado makes it; "" sound
+    QString fondo; // the background, in the source tree
+    bool aviso;    // the background is reported unreadable
 };
 
 } // namespace
@@ -54,14 +39,13 @@ private slots:
         m_dir->prepare(*m_mb);
     }
 
-    // Closing asks first about a modified label; Yes saves, and a label
-    // with no file yet asks for one.
+    // Closing by the tool bar's button asks first about a modified label;
+    // Yes saves, and a label with no file yet asks for one.
     void cierre_data()
     {
         QTest::addColumn<QList<Answer>>("respuestas"); // the label is modified when there are any
         QTest::addColumn<bool>("cerrada");
         QTest::addColumn<bool>("guardado");
-        QTest::newRow("clean closes") << QList<Answer>{} << true << false;
         QTest::newRow("yes saves and closes") << QList<Answer>{Answer::Yes} << true << true;
         QTest::newRow("no closes") << QList<Answer>{Answer::No} << true << false;
         QTest::newRow("cancel stays") << QList<Answer>{Answer::Cancel} << false << false;
@@ -76,9 +60,10 @@ private slots:
         frmBase w(*m_mb, ui);
         bool closed = false;
         connect(&w, &frmBase::cerrado, this, [&] { closed = true; });
-        w.show();
+        mostrar(w);
         m_mb->Modificado = !respuestas.isEmpty(); // the load leaves the label clean
-        hijo<QAction>(w, "mnuArchivoSalir")->trigger();
+        QAction* salir = hijo<QAction>(w, "Salir");
+        QTest::mouseClick(hijo<QToolBar>(w, "Toolbar1")->widgetForAction(salir), Qt::LeftButton);
         QCOMPARE(closed, cerrada);
         QCOMPARE(w.isVisible(), !cerrada);
         QTEST(ui.log.contains("save: " + m_mb->Textos(1316) + " (*.ose)|*.ose"), "guardado");
@@ -93,7 +78,6 @@ private slots:
         QTest::addColumn<QMessageBox::StandardButton>("respuesta"); // to a name typed, if any
         QTest::addColumn<int>("paso"); // where the selector ends, from where it started
         QTest::newRow("unchanged: one step") << QMessageBox::NoButton << 1;
-        QTest::newRow("changed, no: one step") << QMessageBox::No << 1;
         QTest::newRow("changed, cancel: back") << QMessageBox::Cancel << 0;
     }
 
@@ -109,7 +93,6 @@ private slots:
             QTest::keyClicks(hijo<QLineEdit>(w, "TxtNomEtiq"), "QUESO");
         QScrollBar* vs = hijo<QScrollBar>(w, "VSEtiq");
         const int inicial = vs->value();
-        const QByteArray numero = m_mb->NumEtiqueta;
 
         int preguntas = 0;
         recorrido::AlAbrirse persona([&](QWidget& d) {
@@ -124,7 +107,7 @@ private slots:
 
         QCOMPARE(preguntas, modificado ? 1 : 0);
         QCOMPARE(hijo<QLineEdit>(w, "TxtNumEtiq")->text(), QString::number(inicial + paso));
-        QCOMPARE(m_mb->NumEtiqueta, paso ? QByteArray::number(inicial + paso) : numero);
+        QCOMPARE(m_mb->NumEtiqueta, QByteArray::number(inicial + paso));
         // Cancel keeps the label as it was, changes and all.
         QCOMPARE(m_mb->Modificado, modificado && !paso);
     }
@@ -134,9 +117,8 @@ private slots:
         QTest::addColumn<bool>("arranque");
         QTest::addColumn<QString>("cierre"); // what closes it: "timer", "key", "click"
         QTest::newRow("start-up splash closes itself") << true << "timer";
-        QTest::newRow("a key closes the start-up splash") << true << "key";
         QTest::newRow("a click closes the about box") << false << "click";
-        QTest::newRow("a key waiting as the splash shows") << true << "key waiting";
+        QTest::newRow("a key waiting as the splash shows") << true << "key";
     }
 
     void splash()
@@ -146,7 +128,7 @@ private slots:
         m_mb->ArranqueInicial = arranque;
         frmSplash w(*m_mb);
         QSignalSpy closed(&w, &QDialog::finished);
-        if (cierre == "key waiting") {
+        if (cierre == "key") {
             // Handled while the splash is being shown, before its own loop
             // runs: it must still end, not leave the program waiting on a
             // hidden window. Should it hang, the guard shows and ends it.
@@ -159,16 +141,12 @@ private slots:
             });
             w.mostrar();
             QVERIFY(!colgado);
-            QCOMPARE(closed.size(), 1);
-            return;
+        } else {
+            w.open();
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            if (cierre == "click")
+                QTest::mouseClick(hijo<QLabel>(w, "lblVersion"), Qt::LeftButton);
         }
-        w.open();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QCOMPARE(hijo<QLabel>(w, "lblVersion")->text(), QStringLiteral("v 1.0"));
-        if (cierre == "key")
-            QTest::keyClick(&w, Qt::Key_Space);
-        else if (cierre == "click")
-            QTest::mouseClick(hijo<QLabel>(w, "lblVersion"), Qt::LeftButton);
         QTRY_COMPARE_WITH_TIMEOUT(closed.size(), 1, 5000);
         // Only the timer marks the start-up splash as gone.
         QCOMPARE(m_mb->ArranqueInicial, arranque && cierre != "timer");
@@ -228,18 +206,10 @@ private slots:
         }
     }
 
-    // The size and zoom of the last run come back, from a file of their own;
-    // a size the screen cannot hold is brought inside it.
-    void ventanaRecordada_data()
-    {
-        QTest::addColumn<QSize>("tamano");
-        QTest::newRow("a size that fits") << QSize(640, 480);
-        QTest::newRow("larger than the screen") << QSize(5000, 4000);
-    }
-
+    // The size and zoom of the last run come back, from a file of their own.
     void ventanaRecordada()
     {
-        QFETCH(QSize, tamano);
+        const QSize tamano(640, 480);
         ScriptedInteraction ui;
         {
             frmBase w(*m_mb, ui);
@@ -252,10 +222,7 @@ private slots:
         frmBase w(*m_mb, ui);
         mostrar(w);
         QCOMPARE(w.cuadro()->zoom(), 2.0);
-        const QRect libre = w.screen()->availableGeometry();
-        QVERIFY(libre.contains(w.frameGeometry()));
-        if (tamano.width() < libre.width())
-            QCOMPARE(w.size(), tamano);
+        QCOMPARE(w.size(), tamano);
         QCOMPARE(m_dir->read(QStringLiteral("cfg.ini")), cfg);
     }
 
@@ -341,18 +308,16 @@ private slots:
         m_mb->Modificado = false;
         w.menuIdioma(idioma)->trigger();
         QVERIFY(!m_mb->Modificado);
-        QVERIFY(!w.menuIdioma(alArrancar)->isChecked());
-        const QStringList menus = captions(w);
-        QVERIFY(!menus.contains("") && !menus.contains("..."));
-        QCOMPARE(menus.first(), T(1292));
-        QCOMPARE(hijo<QPushButton>(w, "CBDisplay0")->text().remove('&'), T(1307));
-        QCOMPARE(hijo<QLabel>(w, "TxtVer")->text(), T(1306));
+        QList<QAction*> entradas = w.menuBar()->actions();
+        for (QAction* menu : w.menuBar()->actions())
+            if (menu->menu())
+                entradas += menu->menu()->actions();
+        for (QAction* a : entradas)
+            QVERIFY(a->isSeparator() || (!a->text().isEmpty() && a->text() != "..."));
+        QCOMPARE(w.menuBar()->actions().first()->text(), T(1292));
         QCOMPARE(w.editor().superficie.Imagen(11).caption, T(130));
         const QStringList sinNombre = recorrido::sinNombreAccesible(w);
         QVERIFY2(sinNombre.isEmpty(), qPrintable(sinNombre.join(", ")));
-        QCOMPARE(QAccessible::queryAccessibleInterface(hijo<QWidget>(w, "VSVer"))
-                     ->text(QAccessible::Name),
-                 T(1306));
         visto.clear();
         hijo<QAction>(w, "mnuArchivoCargar")->trigger();
         QCOMPARE(visto, (QStringList{buscarEn, T(1311)}));
@@ -370,29 +335,21 @@ private slots:
             QStringLiteral(KORVO_SOURCE_DIR "/tests/data/preview/metafiles/damaged/");
         // Texts whose glyphs are thousands of pixels wide and a fraction of one high.
         QTest::newRow("emf text squashed by its frame")
-            << Arranque{"", corpus + "emf/emf-text-crash.emf", {}, false};
+            << Arranque{"", corpus + "emf/emf-text-crash.emf", false};
         QTest::newRow("wmf text of a huge width")
-            << Arranque{"", corpus + "wmf/wmf-text-crash.wmf", {}, false};
-        QTest::newRow("wmf cut") << Arranque{"", rotos + "cut-header.wmf", {}, true};
-        QTest::newRow("emf cut") << Arranque{"", rotos + "cut.emf", {}, true};
-        QTest::newRow("noise") << Arranque{"", "ruido.bmp", QByteArray(4096, '\xA5'), true};
-        QTest::newRow("cfg binary") << Arranque{"binary", "", {}, false};
-        QTest::newRow("cfg truncated") << Arranque{"truncated", "", {}, false};
-        QTest::newRow("cfg UTF-16") << Arranque{"UTF-16", "", {}, false};
+            << Arranque{"", corpus + "wmf/wmf-text-crash.wmf", false};
+        QTest::newRow("wmf cut") << Arranque{"", rotos + "cut-header.wmf", true};
+        QTest::newRow("emf cut") << Arranque{"", rotos + "cut.emf", true};
+        QTest::newRow("cfg binary") << Arranque{"binary", "", false};
+        QTest::newRow("cfg UTF-16") << Arranque{"UTF-16", "", false};
         // The long path reaches the picture loader, which cannot open it.
-        QTest::newRow("10 MB picture path") << Arranque{"10 MB path", "", {}, true};
+        QTest::newRow("10 MB picture path") << Arranque{"10 MB path", "", true};
     }
 
     void arranque()
     {
         QFETCH(Arranque, caso);
-        QString ruta = caso.fondo;
-        if (!ruta.isEmpty() && QFileInfo(ruta).isRelative()) {
-            ruta = m_dir->file(caso.fondo);
-            m_dir->write(caso.fondo, caso.bytes);
-        }
-        m_mb->RutaFondo = ruta;
-        m_mb->Idioma = 2;
+        m_mb->RutaFondo = caso.fondo;
         const QByteArray sano = formaLarga(*m_mb);
         QByteArray contenido = caso.dano.isEmpty() ? sano : archivoDanado(sano, caso.dano);
         if (caso.dano == "10 MB path")
@@ -417,9 +374,7 @@ private slots:
         QCOMPARE(ui.log.contains(aviso), caso.aviso);
         ModBase siguiente;
         QCOMPARE(aplicarConfiguracion(siguiente, despues), LecturaConfiguracion::Completa);
-        QCOMPARE(splitLines(despues).size(), 16);
-        QCOMPARE(siguiente.Idioma, mb.Idioma);
-        QCOMPARE(siguiente.RutaFondo, caso.aviso ? QString() : ruta);
+        QCOMPARE(siguiente.RutaFondo, caso.aviso ? QString() : caso.fondo);
     }
 
 private:
