@@ -152,60 +152,6 @@ private slots:
         QCOMPARE(m_mb->ArranqueInicial, arranque && cierre != "timer");
     }
 
-    // Each caption measured against the widget that shows it, in every
-    // language, on both kinds of label: the window, the boxes of the
-    // surface and the numbers of the rulers.
-    void captionsCaben_data() { recorrido::filasIdiomas(); }
-
-    void captionsCaben()
-    {
-        QFETCH(int, idioma);
-        ScriptedInteraction ui;
-        m_mb->ModeloNuevo = 1;
-        // Every field, free texts as long as they may be: each box shows its caption.
-        for (int i = 1; i <= 36; ++i)
-            m_mb->Campos(i).Presente = "1";
-        for (int i = 0; i < 15; ++i)
-            m_mb->TextoLibre(i) = QByteArray(25, 'W');
-        m_mb->AnchoEtiqueta = "60";
-        frmBase w(*m_mb, ui);
-        mostrar(w);
-        w.menuIdioma(idioma)->trigger();
-        // At the first zoom and at a large one.
-        for (const char* tipo : {"V", "T"}) {
-            m_mb->TipoEtiqueta = tipo;
-            w.fijarZoom(tipo[0] == 'V' ? Escala::kZoomInicial : 3.0);
-            w.refresh();
-            QCoreApplication::processEvents(); // the layouts follow the new captions
-            QStringList fallos = recorrido::textosCortados(w);
-            const Cuadro* c = w.cuadro();
-            for (int n = 1; n <= 36; ++n) {
-                const Caja& caja = w.editor().superficie.Imagen(n);
-                const int necesita = QFontMetrics(c->fuenteCaja(n)).horizontalAdvance(caja.caption);
-                if (caja.visible && necesita > c->rectTexto(n).width())
-                    fallos.append(
-                        QStringLiteral("box %1 \"%2\" too narrow").arg(n).arg(caja.caption));
-            }
-            for (const Regla* r : w.findChildren<Regla*>())
-                for (int i = 10; i <= 60; i += 10) {
-                    const QRectF donde = r->rectNumero(i);
-                    const QRectF texto =
-                        QFontMetricsF(r->fuente()).boundingRect(QString::number(i));
-                    if (donde.bottom() > r->height() + 0.5 || donde.right() > r->width() + 0.5 ||
-                        texto.width() > donde.width() + 0.5 ||
-                        texto.height() > donde.height() + 0.5)
-                        if (donde.left() < r->width() && donde.top() < r->height())
-                            fallos.append(
-                                QStringLiteral("%1: %2 outside").arg(r->objectName()).arg(i));
-                }
-            // The two sizes' arrows stand apart.
-            const QRect hor = hijo<QScrollBar>(w, "VSHor")->geometry();
-            if (hor.bottom() + 4 > hijo<QScrollBar>(w, "VSVer")->geometry().top())
-                fallos.append(QStringLiteral("VSHor and VSVer overlap"));
-            QVERIFY2(fallos.isEmpty(), qPrintable(tipo + QStringLiteral(": ") + fallos.join("\n")));
-        }
-    }
-
     // The size and zoom of the last run come back, from a file of their own.
     void ventanaRecordada()
     {
@@ -259,7 +205,10 @@ private slots:
     // The standard buttons of a question speak the language of the start. A
     // new language reaches the file dialog's, the window's captions (none
     // empty) and the names a screen reader says, and leaves the label alone.
-    void idioma_data()
+    // Then each caption is measured against the widget that shows it, on
+    // both kinds of label: the window, the boxes of the surface and the
+    // numbers of the rulers.
+    void captionsCaben_data()
     {
         QTest::addColumn<int>("alArrancar");
         QTest::addColumn<int>("idioma");
@@ -276,12 +225,19 @@ private slots:
         }
     }
 
-    void idioma()
+    void captionsCaben()
     {
         QFETCH(int, alArrancar);
         QFETCH(int, idioma);
         QFETCH(QString, buscarEn);
         m_dir->prepare(*m_mb, alArrancar);
+        m_mb->ModeloNuevo = 1;
+        // Every field, free texts as long as they may be: each box shows its caption.
+        for (int i = 1; i <= 36; ++i)
+            m_mb->Campos(i).Presente = "1";
+        for (int i = 0; i < 15; ++i)
+            m_mb->TextoLibre(i) = QByteArray(25, 'W');
+        m_mb->AnchoEtiqueta = "60";
         QtInteraction ui;
         frmBase w(*m_mb, ui);
         ui.setParent(&w);
@@ -321,6 +277,40 @@ private slots:
         visto.clear();
         hijo<QAction>(w, "mnuArchivoCargar")->trigger();
         QCOMPARE(visto, (QStringList{buscarEn, T(1311)}));
+
+        // At the first zoom and at a large one.
+        for (const char* tipo : {"V", "T"}) {
+            m_mb->TipoEtiqueta = tipo;
+            w.fijarZoom(tipo[0] == 'V' ? Escala::kZoomInicial : 3.0);
+            w.refresh();
+            QCoreApplication::processEvents(); // the layouts follow the new captions
+            QStringList fallos = recorrido::textosCortados(w);
+            const Cuadro* c = w.cuadro();
+            for (int n = 1; n <= 36; ++n) {
+                const Caja& caja = w.editor().superficie.Imagen(n);
+                const int necesita = QFontMetrics(c->fuenteCaja(n)).horizontalAdvance(caja.caption);
+                if (caja.visible && necesita > c->rectTexto(n).width())
+                    fallos.append(
+                        QStringLiteral("box %1 \"%2\" too narrow").arg(n).arg(caja.caption));
+            }
+            for (const Regla* r : w.findChildren<Regla*>())
+                for (int i = 10; i <= 60; i += 10) {
+                    const QRectF donde = r->rectNumero(i);
+                    const QRectF texto =
+                        QFontMetricsF(r->fuente()).boundingRect(QString::number(i));
+                    if (donde.bottom() > r->height() + 0.5 || donde.right() > r->width() + 0.5 ||
+                        texto.width() > donde.width() + 0.5 ||
+                        texto.height() > donde.height() + 0.5)
+                        if (donde.left() < r->width() && donde.top() < r->height())
+                            fallos.append(
+                                QStringLiteral("%1: %2 outside").arg(r->objectName()).arg(i));
+                }
+            // The two sizes' arrows stand apart.
+            const QRect hor = hijo<QScrollBar>(w, "VSHor")->geometry();
+            if (hor.bottom() + 4 > hijo<QScrollBar>(w, "VSVer")->geometry().top())
+                fallos.append(QStringLiteral("VSHor and VSVer overlap"));
+            QVERIFY2(fallos.isEmpty(), qPrintable(tipo + QStringLiteral(": ") + fallos.join("\n")));
+        }
     }
 
     // The program starts on a cfg.ini, sound or damaged, and loads and draws

@@ -52,16 +52,12 @@ private:
 
 inline QString nombre(const QWidget* w)
 {
-    return QStringLiteral("%1 (%2)").arg(w->objectName(),
-                                         QString::fromLatin1(w->metaObject()->className()));
+    return w->objectName() + " (" + w->metaObject()->className() + ")";
 }
 
 inline QString sinMnemonico(QString t)
 {
-    t.replace(QStringLiteral("&&"), QStringLiteral("\x01"));
-    t.remove(QLatin1Char('&'));
-    t.replace(QLatin1Char('\x01'), QLatin1Char('&'));
-    return t;
+    return t.replace(QStringLiteral("&&"), QStringLiteral("\x01")).remove('&').replace('\x01', '&');
 }
 
 // The width each caption needs, by the font it is drawn in, against what
@@ -71,10 +67,9 @@ inline QStringList textosCortados(const QWidget& ventana)
     QStringList fallos;
     const auto medir = [&](const QWidget* w, const QString& texto, int necesita, int tiene) {
         if (necesita > tiene)
-            fallos.append(QStringLiteral("%1 \"%2\" needs %3 px, has %4")
-                              .arg(nombre(w), texto)
-                              .arg(necesita)
-                              .arg(tiene));
+            fallos.append(
+                QStringLiteral("%1 \"%2\" needs %3 px, has %4")
+                    .arg(nombre(w), texto, QString::number(necesita), QString::number(tiene)));
     };
     for (const QWidget* w : ventana.findChildren<QWidget*>()) {
         if (!w->isVisibleTo(&ventana))
@@ -109,11 +104,10 @@ inline QStringList textosCortados(const QWidget& ventana)
             QStyleOptionButton opt;
             opt.initFrom(b);
             opt.text = t;
-            QStyle::ContentsType tipo = QStyle::CT_PushButton;
-            if (qobject_cast<const QCheckBox*>(w))
-                tipo = QStyle::CT_CheckBox;
-            else if (qobject_cast<const QRadioButton*>(w))
-                tipo = QStyle::CT_RadioButton;
+            const QStyle::ContentsType tipo =
+                qobject_cast<const QCheckBox*>(w)      ? QStyle::CT_CheckBox
+                : qobject_cast<const QRadioButton*>(w) ? QStyle::CT_RadioButton
+                                                       : QStyle::CT_PushButton;
             // What the style adds around a text (its indicator, margins and
             // frame), taken at a width past any minimum it keeps.
             const int ancho = 400;
