@@ -135,26 +135,50 @@ private slots:
         QCOMPARE(m_mb->TextoLibre(5), antes);
     }
 
-    // At every zoom a click moves nothing and a drag lands where it lands
-    // at true size; the keys and the wheel step the zoom, Ctrl+0 resets it. The
-    // points lie a tenth past a unit: at 50 % a pixel is half a unit wide,
-    // and the pixel under them still stands for the same unit.
-    void zoomArrastre_data()
+    void cleanup()
     {
-        QTest::addColumn<double>("zoom");
-        QTest::newRow("50 %") << 0.5;
-        QTest::newRow("800 %") << 8.0;
+        m_w.reset();
+        while (QGuiApplication::overrideCursor())
+            QGuiApplication::restoreOverrideCursor();
     }
 
-    void zoomArrastre()
+    // At every zoom a click moves nothing, and a drag lands where the
+    // pointer leaves the box, or leaves it where it was, with the no-drop
+    // pointer shown, when the box would pass the limits: here the left band
+    // and the length the scroll bar gives the label; each limit's border is
+    // in the editor's own tests. The points lie a tenth past a unit: at 50 %
+    // a pixel is half a unit wide, and the pixel under them still stands for
+    // the same unit. The keys and the wheel step the zoom, Ctrl+0 resets it.
+    void arrastre_data()
+    {
+        QTest::addColumn<double>("zoom");
+        QTest::addColumn<int>("largo");      // of the label
+        QTest::addColumn<QPoint>("destino"); // where the box's top left is taken
+        QTest::addColumn<bool>("admitido");
+        QTest::newRow("50 %") << 0.5 << 45 << QPoint(24, 29) << true;
+        QTest::newRow("800 %") << 8.0 << 45 << QPoint(24, 29) << true;
+        QTest::newRow("left band") << 1.0 << 45 << QPoint(2, 20) << false;
+        QTest::newRow("bottom at 61 of a 60 label") << 1.0 << 60 << QPoint(20, 58) << false;
+    }
+
+    void arrastre()
     {
         QFETCH(double, zoom);
-        poner(12, 10, 20);
+        QFETCH(int, largo);
+        QFETCH(QPoint, destino);
+        QFETCH(bool, admitido);
+        hijo<QScrollBar>("VSVer")->setValue(largo);
+        poner(11, 10, 20); // the weight
         m_w->fijarZoom(zoom);
         QTest::mouseClick(cuadro(), Qt::LeftButton, {}, en(11.1, 21.1));
-        QCOMPARE(pos(12), QPoint(10, 20));
-        arrastrar(en(11.1, 21.1), en(25.1, 30.1));
-        QCOMPARE(pos(12), QPoint(24, 29));
+        QCOMPARE(pos(11), QPoint(10, 20));
+        const QPoint suelta = en(destino.x() + 1.1, destino.y() + 1.1);
+        const Qt::CursorShape forma = arrastrar(en(11.1, 21.1), suelta);
+        QCOMPARE(forma, admitido ? Qt::ArrowCursor : Qt::ForbiddenCursor);
+        QCOMPARE(pos(11), admitido ? destino : QPoint(10, 20));
+        QVERIFY(!QGuiApplication::overrideCursor());
+        // The box is drawn where the record says.
+        QCOMPARE(cuadro()->cajaEn(en(pos(11).x() + 0.5, pos(11).y() + 0.5)), 11);
 
         // The wheel zooms about the pointer: what was under it stays there.
         QTest::keyClick(m_w.get(), Qt::Key_Minus, Qt::ControlModifier);
@@ -169,46 +193,6 @@ private slots:
         QVERIFY(std::abs(cuadro()->unidadesDe(cuadro()->mapFromGlobal(global)).x() - x) < 0.5);
         QTest::keyClick(m_w.get(), Qt::Key_0, Qt::ControlModifier);
         QCOMPARE(cuadro()->zoom(), 1.0);
-    }
-
-    void cleanup()
-    {
-        m_w.reset();
-        while (QGuiApplication::overrideCursor())
-            QGuiApplication::restoreOverrideCursor();
-    }
-
-    // A field comes from the palette to the corner, in the band; dragged by
-    // the mouse it lands where the pointer leaves it, or stays where it was
-    // when the box would pass the limits, with the no-drop pointer shown.
-    // Each limit's border is in the editor's own tests; here the length
-    // the scroll bar gives the label.
-    void arrastre_data()
-    {
-        QTest::addColumn<int>("largo"); // of the label
-        QTest::addColumn<int>("left");  // where the box's top left is taken
-        QTest::addColumn<int>("top");
-        QTest::addColumn<bool>("admitido");
-        QTest::newRow("middle") << 45 << 20 << 20 << true;
-        QTest::newRow("left band") << 45 << 2 << 20 << false;
-        QTest::newRow("bottom at 61 of a 60 label") << 60 << 20 << 58 << false;
-    }
-
-    void arrastre()
-    {
-        QFETCH(int, largo);
-        QFETCH(int, left);
-        QFETCH(int, top);
-        QFETCH(bool, admitido);
-        hijo<QScrollBar>("VSVer")->setValue(largo);
-        QTest::mouseClick(hijo<QPushButton>("CBDisplay2"), Qt::LeftButton); // Peso
-        // Gripped one unit in on each axis.
-        const Qt::CursorShape forma = arrastrar(en(1, 1), en(left + 1, top + 1));
-        QCOMPARE(forma, admitido ? Qt::ArrowCursor : Qt::ForbiddenCursor);
-        QCOMPARE(pos(11), admitido ? QPoint(left, top) : QPoint());
-        QVERIFY(!QGuiApplication::overrideCursor());
-        // The box is drawn where the record says.
-        QCOMPARE(cuadro()->cajaEn(en(pos(11).x() + 0.5, pos(11).y() + 0.5)), 11);
     }
 
     // Double clicks build the selection; a drag of one of its fields moves
@@ -267,22 +251,11 @@ private slots:
         QCOMPARE(cuadro()->rectCaja(17).left(), cuadro()->puntoDe(22.25, 0).x());
     }
 
-    // A free text's box tells which free text it is when the pointer rests on it.
-    void consejoTextoLibre()
-    {
-        m_mb->TextoLibre(5) = "OFERTA"; // free text 6, the second group's first
-        poner(27, 10, 20);
-        const QPoint p = cuadro()->rectCaja(27).center().toPoint();
-        QHelpEvent ayuda(QEvent::ToolTip, p, cuadro()->mapToGlobal(p));
-        QApplication::sendEvent(cuadro(), &ayuda);
-        QTRY_VERIFY(QToolTip::isVisible());
-        QCOMPARE(QToolTip::text(), QStringLiteral("1 ") + m_mb->Textos(1307));
-    }
-
     // Each pop-up opens by a right press where it belongs, and its entries
     // act: the surface's puts its field at the point pressed, a field's
     // deletes it, the left band's toggles the bands and is captioned by
-    // their state, a fixed text's empties the text, and only a text.
+    // their state, a fixed text's empties the text, and only a text. The
+    // surface's tool tips name the box under the pointer.
     void menus()
     {
         elegir(cuadro(), en(20, 20), "mnuVisualiza", "mnuVisual1"); // the tare
@@ -304,6 +277,15 @@ private slots:
         QVERIFY(m_mb->TextoFijo(1).isEmpty());
         QCOMPARE(l->text(), QStringLiteral("2 ") + m_mb->Textos(1336));
         QVERIFY(!elegir(l, QPoint(2, 2), "mnuDerecho2", "mnuDerTXFborrar")->isEnabled());
+
+        // A free text's box tells which free text it is when the pointer rests on it.
+        m_mb->TextoLibre(5) = "OFERTA"; // free text 6, the second group's first
+        poner(27, 10, 20);
+        const QPoint p = cuadro()->rectCaja(27).center().toPoint();
+        QHelpEvent ayuda(QEvent::ToolTip, p, cuadro()->mapToGlobal(p));
+        QApplication::sendEvent(cuadro(), &ayuda);
+        QTRY_VERIFY(QToolTip::isVisible());
+        QCOMPARE(QToolTip::text(), QStringLiteral("1 ") + m_mb->Textos(1307));
     }
 
     // One press on the model box is one switch, whatever the platform does
