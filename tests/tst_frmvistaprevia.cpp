@@ -1,4 +1,3 @@
-#include "Catalogo.h"
 #include "EtiquetasPrueba.h"
 #include "frmVistaPrevia.h"
 #include "ModBase.h"

@@ -32,20 +32,19 @@ inline void mostrar(QWidget& w)
 // inside the window's own event loop, and answers it as it sees fit.
 class AlAbrirse : public QObject {
 public:
-    explicit AlAbrirse(std::function<void(QWidget&)> f) : m_f(std::move(f))
+    explicit AlAbrirse(std::function<void(QWidget&)> f)
     {
-        connect(&m_timer, &QTimer::timeout, this, [this] {
+        connect(&m_timer, &QTimer::timeout, this, [this, f = std::move(f)] {
             QWidget* d = QApplication::activeModalWidget();
             if (!d || !d->isVisible() || d == m_ultima)
                 return;
             m_ultima = d;
-            m_f(*d);
+            f(*d);
         });
         m_timer.start(20);
     }
 
 private:
-    std::function<void(QWidget&)> m_f;
     QTimer m_timer;
     QPointer<QWidget> m_ultima;
 };
