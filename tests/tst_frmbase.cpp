@@ -58,8 +58,7 @@ private slots:
         ScriptedInteraction ui;
         ui.answers = respuestas;
         frmBase w(*m_mb, ui);
-        bool closed = false;
-        connect(&w, &frmBase::cerrado, this, [&] { closed = true; });
+        QSignalSpy closed(&w, &frmBase::cerrado);
         mostrar(w);
         w.fijarZoom(2);
         w.resize(640, 480);
@@ -67,7 +66,7 @@ private slots:
         m_mb->Modificado = !respuestas.isEmpty(); // the load leaves the label clean
         QAction* salir = hijo<QAction>(w, "Salir");
         QTest::mouseClick(hijo<QToolBar>(w, "Toolbar1")->widgetForAction(salir), Qt::LeftButton);
-        QCOMPARE(closed, cerrada);
+        QCOMPARE(closed.size(), cerrada ? 1 : 0);
         QTEST(ui.log.contains("save: " + m_mb->Textos(1316) + " (*.ose)|*.ose"), "guardado");
         QCOMPARE(ui.answers.size(), 0);
         if (!cerrada)
