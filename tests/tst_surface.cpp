@@ -253,8 +253,7 @@ private slots:
         const QPoint p = cuadro()->rectCaja(27).center().toPoint();
         QHelpEvent ayuda(QEvent::ToolTip, p, cuadro()->mapToGlobal(p));
         QApplication::sendEvent(cuadro(), &ayuda);
-        QTRY_VERIFY(QToolTip::isVisible());
-        QCOMPARE(QToolTip::text(), QStringLiteral("1 ") + m_mb->Textos(1307));
+        QTRY_COMPARE(QToolTip::text(), QStringLiteral("1 ") + m_mb->Textos(1307));
     }
 
     // One press on the model box is one switch, whatever the platform does
@@ -284,7 +283,6 @@ private slots:
         const bool nuevo = (modelo == 1) != cambia;
         QCOMPARE(m_mb->ModeloNuevo, int16_t(nuevo ? 1 : 0));
         QCOMPARE(chk->isChecked(), nuevo);
-        QCOMPARE(hijo<QLineEdit>("TxtNumEtiq")->text(), QString(nuevo ? "3" : "1"));
         QCOMPARE(m_w->editor().superficie.Imagen(26).visible, nuevo);
         QCOMPARE(m_ui.answers.size(), 0);
     }
