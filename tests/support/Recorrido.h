@@ -32,36 +32,31 @@ inline void mostrar(QWidget& w)
 // inside the window's own event loop, and answers it as it sees fit.
 class AlAbrirse : public QObject {
 public:
-    explicit AlAbrirse(std::function<void(QWidget&)> f) : m_f(std::move(f))
+    explicit AlAbrirse(std::function<void(QWidget&)> f)
     {
-        connect(&m_timer, &QTimer::timeout, this, [this] {
+        connect(&m_timer, &QTimer::timeout, this, [this, f = std::move(f)] {
             QWidget* d = QApplication::activeModalWidget();
             if (!d || !d->isVisible() || d == m_ultima)
                 return;
             m_ultima = d;
-            m_f(*d);
+            f(*d);
         });
         m_timer.start(20);
     }
 
 private:
-    std::function<void(QWidget&)> m_f;
     QTimer m_timer;
     QPointer<QWidget> m_ultima;
 };
 
 inline QString nombre(const QWidget* w)
 {
-    return QStringLiteral("%1 (%2)").arg(w->objectName(),
-                                         QString::fromLatin1(w->metaObject()->className()));
+    return w->objectName() + " (" + w->metaObject()->className() + ")";
 }
 
 inline QString sinMnemonico(QString t)
 {
-    t.replace(QStringLiteral("&&"), QStringLiteral("\x01"));
-    t.remove(QLatin1Char('&'));
-    t.replace(QLatin1Char('\x01'), QLatin1Char('&'));
-    return t;
+    return t.replace(QStringLiteral("&&"), QStringLiteral("\x01")).remove('&').replace('\x01', '&');
 }
 
 // The width each caption needs, by the font it is drawn in, against what
@@ -71,10 +66,9 @@ inline QStringList textosCortados(const QWidget& ventana)
     QStringList fallos;
     const auto medir = [&](const QWidget* w, const QString& texto, int necesita, int tiene) {
         if (necesita > tiene)
-            fallos.append(QStringLiteral("%1 \"%2\" needs %3 px, has %4")
-                              .arg(nombre(w), texto)
-                              .arg(necesita)
-                              .arg(tiene));
+            fallos.append(
+                QStringLiteral("%1 \"%2\" needs %3 px, has %4")
+                    .arg(nombre(w), texto, QString::number(necesita), QString::number(tiene)));
     };
     for (const QWidget* w : ventana.findChildren<QWidget*>()) {
         if (!w->isVisibleTo(&ventana))
@@ -109,11 +103,10 @@ inline QStringList textosCortados(const QWidget& ventana)
             QStyleOptionButton opt;
             opt.initFrom(b);
             opt.text = t;
-            QStyle::ContentsType tipo = QStyle::CT_PushButton;
-            if (qobject_cast<const QCheckBox*>(w))
-                tipo = QStyle::CT_CheckBox;
-            else if (qobject_cast<const QRadioButton*>(w))
-                tipo = QStyle::CT_RadioButton;
+            const QStyle::ContentsType tipo =
+                qobject_cast<const QCheckBox*>(w)      ? QStyle::CT_CheckBox
+                : qobject_cast<const QRadioButton*>(w) ? QStyle::CT_RadioButton
+                                                       : QStyle::CT_PushButton;
             // What the style adds around a text (its indicator, margins and
             // frame), taken at a width past any minimum it keeps.
             const int ancho = 400;
