@@ -28,8 +28,8 @@ struct ProgresoRegistrado : ProgresoEnvio {
 };
 
 // A program folder with the catalogue and the Polish character table, a
-// label with something in every part of it in the language's code page,
-// and a person and a progress bar that log what they get.
+// label whose free text 1 is in the language's code page, and a person and
+// a progress bar that log what they get.
 struct Entorno {
     ProgramDir pd;
     ModBase mb;
@@ -43,20 +43,8 @@ struct Entorno {
         mb.ModeloNuevo = static_cast<int16_t>(modelo);
         mb.BitsDatos = 1;
         mb.NumEquipo = 2;
-        mb.NumEtiqueta = modelo ? "3" : "1";
-        mb.NombreEtiqueta = "PESCADO";
         mb.TextoLibre(0) = encodeFor(mb.Idioma, idioma == 8 ? QStringLiteral("ŁÓDŹ ĄĘ")
                                                             : QStringLiteral("CARNE~ÑO"));
-        mb.TextoLibre(2) = "SECOND TEXT OF MORE THAN TWENTY-FIVE";
-        mb.TextoFijo(0) = encodeFor(mb.Idioma, QStringLiteral("ÁRBOL"));
-        mb.TextoFijo(1) = "FIN";
-        for (int n : {1, 11, 13, 15, 16, 18, 26, 36}) {
-            Campo& c = mb.Campos(n);
-            c.Presente = "1";
-            c.PosHor = static_cast<int16_t>(5 + n);
-            c.PosVer = static_cast<int16_t>(10 + n);
-            c.Tamano = QByteArray::number(n % 4);
-        }
     }
 
     // The messages the person was to see, as text ids: every number of three
@@ -196,11 +184,8 @@ private slots:
         QCOMPARE(e.progreso.valor, caso.avance);
 
         // Byte for byte what the stream of the label holds, up to where it stopped.
-        const QList<QByteArray> flujo = TramasEtiqueta(e.mb, e.mb.NumEquipo, false);
         const QList<QByteArray> llegadas = balanza ? balanza->tramas() : QList<QByteArray>();
-        QCOMPARE(llegadas.size(), caso.recibidas);
-        for (int i = 0; i < caso.recibidas; ++i)
-            QCOMPARE(llegadas.at(i).toHex(' '), flujo.at(i).toHex(' '));
+        QCOMPARE(llegadas, TramasEtiqueta(e.mb, e.mb.NumEquipo, false).mid(0, caso.recibidas));
         if (!caso.libre1.isEmpty())
             QCOMPARE(llegadas.at(1).mid(caso.modelo ? 5 : 4, caso.libre1.size()).toHex(' '),
                      caso.libre1.toHex(' '));
@@ -262,16 +247,12 @@ private slots:
         ProgramDir pd;
         if (!archivo.isEmpty())
             pd.write("dosdevices/com2", archivo);
-        const QString esperado = nombre.startsWith("dosdevices") ? pd.file(nombre) : nombre;
-        QCOMPARE(nombreDeCom(pd.path(), 2), esperado);
         // The port a transfer is given keeps its device whatever number it sets.
         const auto puerto = crearPuerto(pd.path(), QStringLiteral("COM2"));
-        auto* serie = qobject_cast<PuertoSerieQt*>(puerto.get());
-        QCOMPARE(serie == nullptr, nombre.startsWith("tcp:"));
-        if (serie) {
-            serie->setCommPort(4);
-            QCOMPARE(serie->nombre(), esperado);
-        }
+        puerto->setCommPort(4);
+        const auto* serie = qobject_cast<PuertoSerieQt*>(puerto.get());
+        QCOMPARE(serie ? serie->nombre() : qobject_cast<PuertoTcp*>(puerto.get())->nombre(),
+                 nombre.startsWith("dosdevices") ? pd.file(nombre) : nombre);
     }
 };
 
