@@ -7,6 +7,18 @@
 
 using Puntos = QList<std::pair<int, int>>; // a place on the label, what the scale gets
 
+// A field as placed, and both its coordinates as they go in its frame.
+struct Colocado {
+    int modelo;
+    int numero;
+    int x;
+    int y;
+    QByteArray tamano;
+    QByteArray enviado;
+};
+
+Q_DECLARE_METATYPE(Colocado)
+
 class TestCoordenadas : public QObject {
     Q_OBJECT
 
@@ -15,41 +27,30 @@ private slots:
     // a number. The old model works out its 25 fields and leaves the places beyond.
     void textos_data()
     {
-        QTest::addColumn<int>("modelo");
-        QTest::addColumn<int>("numero");
-        QTest::addColumn<int>("x");
-        QTest::addColumn<QByteArray>("tamano");
-        QTest::addColumn<int>("y");
-        QTest::addColumn<QByteArray>("enviado"); // both coordinates, as they go in the frame
-        QTest::newRow("price, double height")
-            << 1 << 13 << 10 << QByteArray("2") << 12 << QByteArray("002022");
+        QTest::addColumn<Colocado>("campo");
+        QTest::newRow("price, double height") << Colocado{1, 13, 10, 12, "2", "002022"};
         QTest::newRow("a size that is no digit counts as 0")
-            << 1 << 13 << 10 << QByteArray("x") << 12 << QByteArray("016022");
+            << Colocado{1, 13, 10, 12, "x", "016022"};
         QTest::newRow("a number of four digits stays whole")
-            << 1 << 2 << 300 << QByteArray("0") << 300 << QByteArray("10691058");
-        QTest::newRow("old model, field 25")
-            << 0 << 25 << 20 << QByteArray("0") << 30 << QByteArray("061086");
-        QTest::newRow("old model, field 26")
-            << 0 << 26 << 20 << QByteArray("0") << 30 << QByteArray("keptkept");
+            << Colocado{1, 2, 300, 300, "0", "10691058"};
+        QTest::newRow("old model, field 25") << Colocado{0, 25, 20, 30, "0", "061086"};
+        QTest::newRow("old model, field 26") << Colocado{0, 26, 20, 30, "0", "keptkept"};
     }
 
     void textos()
     {
-        QFETCH(int, modelo);
-        QFETCH(int, numero);
-        QFETCH(int, x);
-        QFETCH(QByteArray, tamano);
-        QFETCH(int, y);
+        QFETCH(Colocado, campo);
         ModBase mb;
-        mb.ModeloNuevo = static_cast<int16_t>(modelo);
-        Campo& c = mb.Campos(numero);
-        c.PosHor = static_cast<int16_t>(x);
-        c.PosVer = static_cast<int16_t>(y);
-        c.Tamano = tamano;
+        mb.ModeloNuevo = static_cast<int16_t>(campo.modelo);
+        Campo& c = mb.Campos(campo.numero);
+        c.PosHor = static_cast<int16_t>(campo.x);
+        c.PosVer = static_cast<int16_t>(campo.y);
+        c.Tamano = campo.tamano;
         CoordenadasEnvio coordenadas;
-        coordenadas.CoordHor(numero) = coordenadas.CoordVer(numero) = "kept";
+        coordenadas.CoordHor(campo.numero) = coordenadas.CoordVer(campo.numero) = "kept";
         CalculaCoordenadasEnvio(mb, coordenadas);
-        QTEST(coordenadas.CoordHor(numero) + coordenadas.CoordVer(numero), "enviado");
+        QCOMPARE(coordenadas.CoordHor(campo.numero) + coordenadas.CoordVer(campo.numero),
+                 campo.enviado);
     }
 
     // Each row of the tables at both its ends, the gaps beside them, and
