@@ -126,10 +126,9 @@ private slots:
     {
         QFETCH(QList<int>, indices);
         ModBase mb;
-        mb.Baudios = static_cast<int16_t>(indices[0]);
-        mb.Paridad = static_cast<int16_t>(indices[1]);
-        mb.BitsDatos = static_cast<int16_t>(indices[2]);
-        mb.BitsParada = static_cast<int16_t>(indices[3]);
+        int16_t* const lugares[] = {&mb.Baudios, &mb.Paridad, &mb.BitsDatos, &mb.BitsParada};
+        for (int i = 0; i < 4; ++i)
+            *lugares[i] = static_cast<int16_t>(indices[i]);
         QTEST(ajustesLinea(mb).texto(), "texto");
     }
 };
