@@ -54,6 +54,11 @@ private slots:
         // A Greek capital of the look-alike table never reaches greek.cht.
         QTest::newRow("the twin before the table")
             << 7 << linea("193", "33").repeated(10) << bytes({193}) << QByteArray("A");
+        // A number is read as far as it goes, halves to even.
+        QTest::newRow("reading stops at a letter")
+            << 8 << linea("12x", " 7a").repeated(13) << bytes({12}) << bytes({7});
+        QTest::newRow("halves to even")
+            << 8 << linea("64.5", "65.5").repeated(13) << QByteArray("@A") << QByteArray("BA");
     }
 
     void adaptacion()
@@ -72,45 +77,9 @@ private slots:
         QCOMPARE(AdapTaCharGR(mb, t, texto).toHex(' '), resultado.toHex(' '));
     }
 
-    // What a table file may hold, and what each gives or ends with.
-    void lectura_data()
-    {
-        QTest::addColumn<QByteArray>("contenido");
-        QTest::addColumn<int>("lineas");
-        QTest::addColumn<QList<int>>("origen"); // places 0.. as far as given
-        QTest::addColumn<QList<int>>("destino");
-        QTest::addColumn<int>("error");
-        using L = QList<int>;
-        QTest::newRow("two lines")
-            << linea("195", "130") + linea("196", "131") << 2 << L{195, 196} << L{130, 131} << 0;
-        QTest::newRow("only the source")
-            << QByteArray("             65\r\n") << 1 << L{65} << L{0} << 0;
-        QTest::newRow("letters give 0") << linea("ab", "x1") << 1 << L{0} << L{0} << 0;
-        QTest::newRow("reading stops at a letter")
-            << linea("12x", " 7a") << 1 << L{12} << L{7} << 0;
-        QTest::newRow("halves to even") << linea("64.5", "65.5") << 1 << L{64} << L{66} << 0;
-        QTest::newRow("sign and exponent") << linea("-3", "1e2") << 1 << L{-3} << L{100} << 0;
-        QTest::newRow("fewer lines than read") << linea("1", "2") << 2 << L{1} << L{2} << 62;
-        QTest::newRow("beyond a 16-bit integer") << linea("99999", "1") << 1 << L{} << L{} << 6;
-    }
-
-    void lectura()
-    {
-        QFETCH(QByteArray, contenido);
-        QFETCH(int, lineas);
-        QFETCH(QList<int>, origen);
-        QFETCH(QList<int>, destino);
-        TablaCaracteres tabla;
-        QTEST(errorNumber([&] { leerTablaCaracteres(contenido, lineas, tabla); }), "error");
-        for (int k = 0; k < origen.size(); ++k) {
-            QCOMPARE(tabla.CodigoOrigen(k), origen.at(k));
-            QCOMPARE(tabla.CodigoDestino(k), destino.at(k));
-        }
-    }
-
     // The file is read on every call: a change shows at once, a file that
-    // goes leaves the table as the last read made it, and a target that is
-    // no byte ends the program only when a character meets it.
+    // goes leaves the table as the last read made it, a target that is no
+    // byte ends the program only when a character meets it.
     void archivoEnCadaLlamada()
     {
         ProgramDir pd;
@@ -132,8 +101,9 @@ private slots:
         QCOMPARE(AdapTaCharGR(mb, tabla, "AB"), QByteArray("AB"));
         QCOMPARE(errorNumber([&] { AdapTaCharGR(mb, tabla, "C"); }), 5);
 
-        pd.write("polish.cht", linea("67", "68"));
-        QCOMPARE(errorNumber([&] { AdapTaCharGR(mb, tabla, "C"); }), 62);
+        // A number beyond 16 bits ends the program as it is read.
+        pd.write("polish.cht", linea("99999", "1").repeated(13));
+        QCOMPARE(errorNumber([&] { AdapTaCharGR(mb, tabla, "AB"); }), 6);
     }
 };
 

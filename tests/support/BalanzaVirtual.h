@@ -37,10 +37,8 @@ public:
 
     ~BalanzaVirtual()
     {
-        m_proceso.terminate();
-        if (!m_proceso.waitForFinished(3000))
-            m_proceso.kill();
-        m_proceso.waitForFinished(1000);
+        m_proceso.kill();
+        m_proceso.waitForFinished(3000);
     }
 
     bool lista() const { return m_listo; }
