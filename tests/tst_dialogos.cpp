@@ -64,33 +64,33 @@ private slots:
 
     // A row opened, typed in and closed by its box drops what was typed: a
     // row with a text shows it again, a row already on the label opens with
-    // the (empty) text it was confirmed with, an empty row hides its box.
-    // Salir leaves pending only the texts newly on the label and keeps all
-    // of them in freetxl.sft.
+    // the (empty) text it was confirmed with, an empty row hides its box;
+    // row 6 alone opens with what its box last had. Salir leaves pending
+    // only the texts newly on the label and keeps all of them in freetxl.sft.
     void txlSoltarYSalir()
     {
         prepara();
-        mb.TextoLibre(5) = "QUESO";
-        mb.Campos(28).Presente = "1"; // row 7 on the label when opened
+        mb.TextoLibre(9) = "QUESO";
+        mb.Campos(27).Presente = "1"; // rows 6 and 7 on the label when opened
+        mb.Campos(28).Presente = "1";
         mb.TXLPendiente(12) = true;
         DialogoTXL d(mb);
-        for (int fila : {6, 7, 9}) {
+        for (int fila : {6, 7, 9, 10}) {
             d.pulsarFila(fila, true);
             d.cambiarTexto(fila, "OTRO");
             d.pulsarFila(fila, false);
         }
-        QCOMPARE(d.fila(6).texto, QStringLiteral("QUESO"));
+        QCOMPARE(d.fila(10).texto, QStringLiteral("QUESO"));
         QVERIFY(!d.fila(9).textoVisible);
-        for (int fila : {7, 8}) {
+        for (int fila : {6, 7, 8}) {
             d.pulsarFila(fila, true);
-            QCOMPARE(d.fila(fila).texto, QString());
+            QCOMPARE(d.fila(fila).texto, fila == 6 ? QStringLiteral("OTRO") : QString());
             d.cambiarTexto(fila, "NUEVO");
             d.aceptar();
         }
         d.salir();
-        QCOMPARE(mb.Campos(30).Presente, QByteArray("0"));
         QVERIFY(!mb.TXLPendiente(7) && mb.TXLPendiente(8) && !mb.TXLPendiente(12));
-        QVERIFY(m_dir.read("freetxl.sft").contains("9:05QUESO\r\n9:06NUEVO\r\n9:07NUEVO\r\n"));
+        QVERIFY(m_dir.read("freetxl.sft").contains("9:07NUEVO\r\n9:08\r\n9:09QUESO\r\n"));
     }
 
     // Select all and OK deletes the fields whose boxes this label offers.
