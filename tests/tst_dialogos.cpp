@@ -1,8 +1,6 @@
 // The small dialogs of the main window without their widgets: the branches
 // their window tests do not take (the other model, the other kinds of label,
 // the rows that misbehave).
-#include "Catalogo.h"
-#include "ConfigEnvio.h"
 #include "DialogoCampos.h"
 #include "DialogoTextos.h"
 #include "ModBase.h"
@@ -16,74 +14,22 @@ class TestDialogos : public QObject {
     ProgramDir m_dir;
     ModBase mb;
 
-    static int campoDeTextoLibre(int i) { return i <= 5 ? i + 20 : i + 21; }
-
-    // A fresh store in this folder, with the catalogue's texts of the language.
+    // A fresh label of that model in this folder, with the catalogue's texts
+    // of the language.
     void prepara(int modelo = 1, int idioma = 1)
     {
         mb = ModBase();
-        m_dir.attach(mb);
-        mb.Idioma = static_cast<int16_t>(idioma);
-        QCOMPARE(CargarTextos(mb, mb.Idioma), int16_t(0));
+        m_dir.prepare(mb, idioma);
         mb.ModeloNuevo = static_cast<int16_t>(modelo);
         InicializarEtiqueta(mb);
     }
 
-    static QList<int> ajustes(const ModBase& m)
-    {
-        return {m.Puerto, m.Baudios, m.Paridad, m.BitsParada, m.BitsDatos};
-    }
-
 private slots:
-    void initTestCase() { m_dir.copyBuiltCatalogue(); }
-
-    // Each setting goes to the box of its own and back; the scale number box
-    // shows 1 until one was chosen; free-texts-only is stored as the button
-    // pressed says.
-    void config()
-    {
-        prepara();
-        mb.Puerto = 2;
-        mb.Baudios = 3;
-        mb.Paridad = 1;
-        mb.BitsDatos = 4; // every setting its own value, so none can stand for another
-        mb.NumEquipo = 6;
-        mb.SoloTextos = true;
-        AjustesConfig a = CargarConfig(mb);
-        QCOMPARE(a.equipo, QStringLiteral("6"));
-        QVERIFY(!mb.SoloTextos);
-        const QList<int> antes = ajustes(mb);
-        prepara();
-        a.equipo = "8";
-        GuardarConfig(mb, a, true);
-        QCOMPARE(ajustes(mb), antes);
-        QCOMPARE(mb.NumEquipo, int16_t(8));
-        QVERIFY(mb.SoloTextos);
-        a.equipo.clear(); // an empty box stores 1
-        GuardarConfig(mb, a, false);
-        QCOMPARE(mb.NumEquipo, int16_t(1));
-        QVERIFY(!mb.SoloTextos);
-        mb.NumEquipo = 0;
-        QCOMPARE(CargarConfig(mb).equipo, QStringLiteral("1"));
-    }
-
-    void mayusculas_data()
-    {
-        QTest::addColumn<int>("idioma");
-        QTest::addColumn<QString>("tecleado");
-        QTest::addColumn<QString>("queda");
-        QTest::newRow("capitals and signs stay") << 2 << "AB-{}~"
-                                                 << "AB-{}~";
-        QTest::newRow("Greek: only what sits at 241") << 7 << "aρα"
-                                                      << "AΡα";
-        QTest::newRow("Polish: ń at 241") << 8 << "ńą"
-                                          << "Ńą";
-    }
+    // Capitals as typed in Polish too, where "ń" sits at 241 (the window
+    // tests type Spanish and Greek).
     void mayusculas()
     {
-        QFETCH(int, idioma);
-        QFETCH(QString, tecleado);
-        QTEST(mayusculasAlTeclear(static_cast<int16_t>(idioma), tecleado), "queda");
+        QCOMPARE(mayusculasAlTeclear(8, QStringLiteral("ńą")), QStringLiteral("Ńą"));
     }
 
     // The rows of each model; a row closed with text shows it disabled, with
@@ -93,17 +39,19 @@ private slots:
         QTest::addColumn<int>("modelo");
         QTest::addColumn<int>("primera");
         QTest::addColumn<int>("ultima");
-        QTest::newRow("old model") << 0 << 1 << 5;
-        QTest::newRow("new model") << 1 << 6 << 15;
+        QTest::addColumn<int>("campo"); // the first row's field
+        QTest::newRow("old model") << 0 << 1 << 5 << 21;
+        QTest::newRow("new model") << 1 << 6 << 15 << 27;
     }
     void txlFilas()
     {
         QFETCH(int, modelo);
         QFETCH(int, primera);
         QFETCH(int, ultima);
+        QFETCH(int, campo);
         prepara(modelo);
         mb.TextoLibre(primera - 1) = "PAN";
-        mb.Campos(campoDeTextoLibre(primera)).Presente = "1";
+        mb.Campos(campo).Presente = "1";
         mb.TextoLibre(primera) = "SIN CAMPO";
         DialogoTXL d(mb);
         for (int i = 1; i <= 15; ++i)
@@ -114,103 +62,35 @@ private slots:
         QVERIFY(!d.fila(primera + 2).textoVisible);
     }
 
-    // A row opened and typed in, then closed by its box, drops what was
-    // typed; an empty row opened and closed hides its box again.
-    void txlSoltar()
+    // A row opened, typed in and closed by its box drops what was typed: a
+    // row with a text shows it again, a row already on the label opens with
+    // the (empty) text it was confirmed with, an empty row hides its box;
+    // row 6 alone opens with what its box last had. Salir leaves pending
+    // only the texts newly on the label and keeps all of them in freetxl.sft.
+    void txlSoltarYSalir()
     {
         prepara();
-        mb.TextoLibre(5) = "QUESO";
-        DialogoTXL d(mb);
-        d.pulsarFila(6, true);
-        d.cambiarTexto(6, "OTRO");
-        d.pulsarFila(6, false);
-        QCOMPARE(d.fila(6).texto, QStringLiteral("QUESO"));
-        d.pulsarFila(9, true);
-        d.pulsarFila(9, false);
-        QVERIFY(!d.fila(9).textoVisible);
-        d.aceptar();
-        QCOMPARE(mb.TextoLibre(5), QByteArray("QUESO"));
-        QCOMPARE(mb.Campos(30).Presente, QByteArray("0"));
-    }
-
-    // A row already on the label opens with its text (here the empty one it
-    // was confirmed with), dropping what was typed and not confirmed; row 6
-    // keeps what its box had.
-    void txlAbrirFilaPresente_data()
-    {
-        QTest::addColumn<int>("fila");
-        QTest::addColumn<QString>("abre");
-        QTest::newRow("row 7") << 7 << "";
-        QTest::newRow("row 6 is never filled") << 6 << "STALE";
-    }
-    void txlAbrirFilaPresente()
-    {
-        QFETCH(int, fila);
-        prepara();
-        mb.Campos(campoDeTextoLibre(fila)).Presente = "1";
-        DialogoTXL d(mb);
-        d.pulsarFila(fila, true);
-        d.cambiarTexto(fila, "STALE");
-        d.pulsarFila(fila, false);
-        d.pulsarFila(fila, true);
-        QTEST(d.fila(fila).texto, "abre");
-    }
-
-    // Salir: only texts newly on the label are left pending.
-    void txlSalir()
-    {
-        prepara();
-        mb.Campos(28).Presente = "1"; // row 7 on the label when opened
+        mb.TextoLibre(9) = "QUESO";
+        mb.Campos(27).Presente = "1"; // rows 6 and 7 on the label when opened
+        mb.Campos(28).Presente = "1";
         mb.TXLPendiente(12) = true;
         DialogoTXL d(mb);
-        for (int fila : {7, 8}) {
+        for (int fila : {6, 7, 9, 10}) {
             d.pulsarFila(fila, true);
+            d.cambiarTexto(fila, "OTRO");
+            d.pulsarFila(fila, false);
+        }
+        QCOMPARE(d.fila(10).texto, QStringLiteral("QUESO"));
+        QVERIFY(!d.fila(9).textoVisible);
+        for (int fila : {6, 7, 8}) {
+            d.pulsarFila(fila, true);
+            QCOMPARE(d.fila(fila).texto, fila == 6 ? QStringLiteral("OTRO") : QString());
             d.cambiarTexto(fila, "NUEVO");
             d.aceptar();
         }
         d.salir();
         QVERIFY(!mb.TXLPendiente(7) && mb.TXLPendiente(8) && !mb.TXLPendiente(12));
-        QVERIFY(m_dir.read("freetxl.sft").contains("9:06NUEVO\r\n9:07NUEVO\r\n"));
-    }
-
-    void textoFijo_data()
-    {
-        QTest::addColumn<QByteArray>("guardado");
-        QTest::addColumn<QString>("caja");
-        QTest::newRow("25 blanks") << QByteArray(25, ' ') << "";
-        QTest::newRow("short with blanks") << QByteArray("AB  ") << "AB  ";
-        QTest::newRow("longer than 25") << "A" + QByteArray(30, ' ') + "Z" << QString("A");
-    }
-    void textoFijo()
-    {
-        QFETCH(QByteArray, guardado);
-        QTEST(textoFijoParaCaja(1, guardado), "caja");
-    }
-
-    // Any change of kind starts an empty label 3; neither kind chooses none.
-    void tipoEtiqueta_data()
-    {
-        QTest::addColumn<QByteArray>("tipo");
-        QTest::addColumn<int>("opcion");
-        QTest::addColumn<int>("elegida");
-        QTest::addColumn<QByteArray>("queda");
-        QTest::newRow("T to V") << QByteArray("T") << 0 << 1 << QByteArray("V");
-        QTest::newRow("neither, none chosen") << QByteArray("X") << -1 << -1 << QByteArray("X");
-    }
-    void tipoEtiqueta()
-    {
-        QFETCH(QByteArray, tipo);
-        QFETCH(int, elegida);
-        prepara();
-        mb.TipoEtiqueta = tipo;
-        mb.NumEtiqueta = "5";
-        mb.Campos(11).Presente = "1";
-        mb.Modificado = mb.ArchivoConocido = true;
-        QTEST(CargarTipoEtiq(mb), "opcion");
-        AceptarTipoEtiq(mb, elegida);
-        QTEST(mb.TipoEtiqueta, "queda");
-        QCOMPARE(mb.NumEtiqueta + mb.Campos(11).Presente, QByteArray("30"));
-        QVERIFY(!mb.Modificado && !mb.ArchivoConocido);
+        QVERIFY(m_dir.read("freetxl.sft").contains("9:07NUEVO\r\n9:08\r\n9:09QUESO\r\n"));
     }
 
     // Select all and OK deletes the fields whose boxes this label offers.
@@ -249,22 +129,6 @@ private slots:
         for (int n : presentes)
             QCOMPARE(mb.Campos(n).Presente == "0", borrados.contains(n));
         QCOMPARE(mb.Modificado, !borrados.isEmpty());
-    }
-
-    // The new model shows free text 6 as its first; the lot's words come
-    // from the catalogue only when it is off.
-    void borrarTitulos()
-    {
-        prepara(1, 2);
-        mb.Campos(27).Presente = "1";
-        DialogoBorrar nuevo(mb);
-        const int lib6 = DialogoBorrar::indice("ChBorrarLib", 6);
-        QCOMPARE(nuevo.casilla(lib6).titulo, mb.Textos(1307) + " 1");
-        QVERIFY(!nuevo.casilla(DialogoBorrar::indice("ChBorrarLib", 1)).visible);
-        const int lote = DialogoBorrar::indice("ChBorrarLote");
-        QCOMPARE(nuevo.casilla(lote).titulo, mb.Textos(1040));
-        mb.Campos(26).Presente = "1";
-        QCOMPARE(DialogoBorrar(mb).casilla(lote).titulo, QStringLiteral("Lote"));
     }
 };
 
