@@ -78,8 +78,6 @@ private slots:
         QCOMPARE(mb.NombreEtiqueta + mb.TipoEtiqueta + mb.AnchoEtiqueta, nombre + "T60");
         for (int n = 1; n <= mb.camposModelo(); ++n)
             QCOMPARE(mb.Campos(n), antes.Campos(n));
-        QCOMPARE(mb.TextoFijo(0) + "|" + mb.TextoFijo(1),
-                 antes.TextoFijo(0) + "|" + antes.TextoFijo(1));
         for (int i = 0; i < mb.textosLibresModelo(); ++i)
             QCOMPARE(mb.TextoLibre(i), modelo ? antes.TextoLibre(i) : antes.TextoLibre(i).mid(1));
 
@@ -165,23 +163,16 @@ private slots:
         QCOMPARE(e.mb.TextoFijo(0), QByteArray());
     }
 
-    void convirtiendoEscribeElOtroTipo_data()
-    {
-        QTest::addColumn<QByteArray>("tipo");
-        QTest::addColumn<QByteArray>("escrito");
-        QTest::newRow("T becomes V") << QByteArray("T") << QByteArray("V");
-        QTest::newRow("anything else becomes T") << QByteArray("X") << QByteArray("T");
-    }
-
+    // A label being converted is written as the other kind: T as V, any other as T.
     void convirtiendoEscribeElOtroTipo()
     {
-        QFETCH(QByteArray, tipo);
-        QFETCH(QByteArray, escrito);
         Entorno e(1);
-        e.mb.TipoEtiqueta = tipo;
         e.files.Convirtiendo = true;
-        const QList<QByteArray> lines = splitLines(e.guardar("a.pde"));
-        QCOMPARE(columns(lines.at(15), 3, 1), escrito);
+        e.mb.TipoEtiqueta = "T";
+        const QByteArray deT = splitLines(e.guardar("t.pde")).at(15);
+        e.mb.TipoEtiqueta = "X";
+        const QByteArray deX = splitLines(e.guardar("x.pde")).at(15);
+        QCOMPARE(columns(deT, 3, 1) + columns(deX, 3, 1), QByteArray("VT"));
     }
 
     void archivoInexistente()
