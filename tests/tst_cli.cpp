@@ -47,6 +47,15 @@ QList<QByteArray> tramas(const LabelEnv& e, const QString& etiqueta,
     return out;
 }
 
+// The lines of `salida` about `ruta`, each starting with what is expected after "ruta:".
+void lineasSobre(const QByteArray& salida, const QString& ruta, const QStringList& esperadas)
+{
+    const QStringList lineas = QString::fromUtf8(salida).split('\n').filter(ruta + ":");
+    QCOMPARE(lineas.size(), esperadas.size());
+    for (int i = 0; i < lineas.size(); ++i)
+        QVERIFY2(lineas.at(i).startsWith(ruta + ":" + esperadas.at(i)), qPrintable(lineas.at(i)));
+}
+
 // A new-model set whose total label 4 holds a priced, named label.
 struct Conjunto : LabelEnv {
     Conjunto() : LabelEnv(1)
@@ -87,27 +96,18 @@ private slots:
         QCOMPARE(e.dir.read("t4.pde"), e.dir.read("own.pde"));
     }
 
-    void vistaPrevia_data()
-    {
-        QTest::addColumn<QString>("salida");
-        QTest::addColumn<QByteArray>("firma");
-        QTest::newRow("png") << "v.png" << QByteArray("\x89PNG");
-        QTest::newRow("svg") << "v.svg" << QByteArray("<?xml");
-        QTest::newRow("pdf") << "v.pdf" << QByteArray("%PDF");
-    }
-
+    // preview draws the label in the format its output's name asks for.
     void vistaPrevia()
     {
-        QFETCH(QString, salida);
-        QFETCH(QByteArray, firma);
         Conjunto e;
         QDir().mkpath(e.dir.file("res"));
         for (const QString& f : QDir(QStringLiteral(KORVO_BIN "/res")).entryList(QDir::Files))
             QFile::copy(QStringLiteral(KORVO_BIN "/res/") + f, e.dir.file("res/" + f));
-        const Run r =
+        for (const char* salida : {"v.png", "v.svg", "v.pdf"})
             cli(e, {"preview", e.dir.file("set.pse"), "--label", "T4", "-o", e.dir.file(salida)});
-        QCOMPARE(r.code, 0);
-        QVERIFY(e.dir.read(salida).startsWith(firma));
+        QVERIFY(e.dir.read("v.png").startsWith("\x89PNG"));
+        QVERIFY(e.dir.read("v.svg").startsWith("<?xml"));
+        QVERIFY(e.dir.read("v.pdf").startsWith("%PDF"));
     }
 
     // What `frames` prints is what `send` puts on the line, frame for frame.
@@ -178,77 +178,71 @@ private slots:
                     .contains("\tsilent\tV3\t<-\topening\t\tno reply within 3000 ms"));
     }
 
-    // Commands refused before anything is done (exit 2, with the reason),
-    // among them every mistake of a list of scales, told by its line.
+    // Commands refused before anything is done: exit 2, with the reason.
     void errores_data()
     {
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("code");
-        QTest::addColumn<QByteArray>("lista"); // scales.csv, for LIST
-        QTest::addColumn<QStringList>("errores");
-        const auto fila = [](const char* nombre, const QStringList& args, int code) {
-            QTest::newRow(nombre) << args << code << QByteArray() << QStringList();
-        };
-        fila("unknown command", {"frobnicate"}, 2);
-        fila("label of the other model", {"show", "SET", "--label", "V1"}, 2);
-        fila("label of a label file", {"show", "LABEL", "--label", "V3"}, 2);
-        fila("missing file", {"show", "nothing.pse"}, 2);
-        fila("export without -o", {"export", "SET"}, 2);
-        fila("language out of range", {"--language", "9", "show", "SET"}, 2);
-        fila("the last language, Polish", {"--language", "8", "show", "SET"}, 0);
-        const auto lista = [](const char* nombre, const QByteArray& csv, const QStringList& e) {
-            QTest::newRow(nombre) << QStringList{"send", "SET", "--scales", "LIST"} << 2 << csv
-                                  << e;
-        };
-        lista("every kind of line",
-              "name,port,equipo,baud,parity\n"
-              "a,COM1,1,,\n"
-              "A,tcp://127.0.0.1:4001,2,,\n"
-              "b,COM9,x,1200,Q\n"
-              "f,COM4\n",
-              {"3: the name 'A' is also on line 2", "4: bad port 'COM9'", "4: bad equipo 'x'",
-               "4: bad baud '1200'", "4: bad parity 'Q'",
-               "5: 2 values where the header has 5 columns"});
+        QTest::newRow("unknown command") << QStringList{"frobnicate"} << 2;
+        QTest::newRow("label of the other model")
+            << QStringList{"show", "SET", "--label", "V1"} << 2;
+        QTest::newRow("label of a label file")
+            << QStringList{"show", "LABEL", "--label", "V3"} << 2;
+        QTest::newRow("missing file") << QStringList{"show", "nothing.pse"} << 2;
+        QTest::newRow("export without -o") << QStringList{"export", "SET"} << 2;
+        QTest::newRow("language out of range")
+            << QStringList{"--language", "9", "show", "SET"} << 2;
+        QTest::newRow("the last language, Polish")
+            << QStringList{"--language", "8", "show", "SET"} << 0;
     }
 
     void errores()
     {
         QFETCH(QStringList, args);
         QFETCH(int, code);
-        QFETCH(QByteArray, lista);
-        QFETCH(QStringList, errores);
         Conjunto e;
         e.mb.ArchivoActual = e.dir.file("label.pde");
         e.files.GuardaEti();
-        e.dir.write("scales.csv", lista);
-        const QString ruta = e.dir.file("scales.csv");
         args.replaceInStrings("SET", e.dir.file("set.pse"));
         args.replaceInStrings("LABEL", e.dir.file("label.pde"));
-        args.replaceInStrings("LIST", ruta);
         const Run r = cli(e, args);
         QCOMPARE(r.code, code);
         QCOMPARE(r.err.isEmpty(), code == 0); // the reason, and only on a refusal
-        const QStringList lineas = QString::fromUtf8(r.err).split('\n').filter(ruta + ":");
-        QCOMPARE(lineas.size(), errores.size());
-        for (int i = 0; i < errores.size(); ++i)
-            QVERIFY2(lineas.at(i).startsWith(ruta + ":" + errores.at(i)), qPrintable(lineas.at(i)));
     }
 
-    // What check finds, as "line:column" (0:0 for the file as a whole); it
-    // exits 1 when it found something.
+    // Every mistake of a list of scales is told by its line, and nothing is sent.
+    void listaDeBalanzas()
+    {
+        Conjunto e;
+        e.dir.write("scales.csv", "name,port,equipo,baud,parity\n"
+                                  "a,COM1,1,,\n"
+                                  "A,tcp://127.0.0.1:4001,2,,\n"
+                                  "b,COM9,x,1200,Q\n"
+                                  "f,COM4\n");
+        const QString ruta = e.dir.file("scales.csv");
+        const Run r = cli(e, {"send", e.dir.file("set.pse"), "--scales", ruta});
+        QCOMPARE(r.code, 2);
+        lineasSobre(r.err, ruta,
+                    {"3: the name 'A' is also on line 2", "4: bad port 'COM9'", "4: bad equipo 'x'",
+                     "4: bad baud '1200'", "4: bad parity 'Q'",
+                     "5: 2 values where the header has 5 columns"});
+    }
+
+    // What check finds, as "line:column:" (a blank for the file as a whole);
+    // it exits 1 when it found something.
     void comprobar_data()
     {
         QTest::addColumn<QString>("archivo");
         QTest::addColumn<QStringList>("hallazgos");
         QTest::newRow("a clean label file") << "label" << QStringList{};
-        QTest::newRow("a 4-character position text") << "shifted" << QStringList{"43:15"};
-        QTest::newRow("a label of number 2 in the new model") << "number" << QStringList{"16:4"};
-        QTest::newRow("a short label file") << "short" << QStringList{"0:0"};
+        QTest::newRow("a 4-character position text") << "shifted" << QStringList{"43:15:"};
+        QTest::newRow("a label of number 2 in the new model") << "number" << QStringList{"16:4:"};
+        QTest::newRow("a short label file") << "short" << QStringList{" "};
         QTest::newRow("a free text of 25 letters fits") << "free 25" << QStringList{};
-        QTest::newRow("one letter more is cut") << "free 26" << QStringList{"2:30"};
+        QTest::newRow("one letter more is cut") << "free 26" << QStringList{"2:30:"};
         // Saving packing label 2 writes free text rows over the block of label 1.
         QTest::newRow("an old set after a save of another label")
-            << "overwritten" << QStringList{"8:3"};
+            << "overwritten" << QStringList{"8:3:"};
     }
 
     void comprobar()
@@ -280,15 +274,9 @@ private slots:
 
         const Run r = cli(e, {"--model", viejo ? "old" : "new", "check", path});
         QCOMPARE(r.code, hallazgos.isEmpty() ? 0 : 1);
-        QStringList got;
-        const QRegularExpression donde("^" + QRegularExpression::escape(path) + ":(\\d+:\\d+):");
-        for (const QString& l : QString::fromUtf8(r.out).split('\n', Qt::SkipEmptyParts)) {
-            const QRegularExpressionMatch m = donde.match(l);
-            got.append(m.hasMatch() ? m.captured(1) : QStringLiteral("0:0"));
-        }
+        lineasSobre(r.out, path, hallazgos);
         if (viejo) // the cause is named
             QVERIFY(r.out.contains("free text rows a save of another label wrote"));
-        QCOMPARE(got, hallazgos);
     }
 };
 
