@@ -140,27 +140,21 @@ private slots:
         QCOMPARE(e.mb.Campos(12).PosHor, int16_t(10));
     }
 
-    void lineasDeMas()
-    {
-        Entorno e(0);
-        QList<QByteArray> lines = e.files.lineasEtiqueta("V");
-        lines += {"x", "y"};
-        QCOMPARE(e.files.leerLineasEtiqueta(lines), 2);
-        QCOMPARE(e.ui.log, QStringList(2, "message: " + e.mb.Textos(1338)));
-    }
-
-    // A short file leaves the rows it does not reach as the label before had them.
-    void archivoCorto()
+    // A short file leaves the rows it does not reach as the label before had
+    // them; each line too many is told.
+    void archivoCortoOLargo()
     {
         Entorno e(1);
         e.mb.TextoFijo(0) = "ANTES";
         QList<QByteArray> lines = e.files.lineasEtiqueta("V");
         e.mb.TextoFijo(0) = "";
         e.mb.Campos(2).Presente = "1";
-        e.files.leerLineasEtiqueta(lines.mid(0, 20));
+        QCOMPARE(e.files.leerLineasEtiqueta(lines.mid(0, 20)), 0);
         // Field 2 reached, from the file; the fixed text as before.
         QCOMPARE(e.mb.Campos(2).Presente, QByteArray("0"));
         QCOMPARE(e.mb.TextoFijo(0), QByteArray());
+        QCOMPARE(e.files.leerLineasEtiqueta(lines + QList<QByteArray>{"x", "y"}), 2);
+        QCOMPARE(e.ui.log, QStringList(2, "message: " + e.mb.Textos(1338)));
     }
 
     // A label being converted is written as the other kind: T as V, any other as T.
