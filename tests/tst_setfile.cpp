@@ -7,30 +7,8 @@ class TestSetFile : public QObject {
     Q_OBJECT
 
 private slots:
-    // The empty store of each model: where its blocks start and how its rows look.
-    void almacenVacio_data()
-    {
-        QTest::addColumn<int>("modelo");
-        QTest::addColumn<int>("indice");
-        QTest::addColumn<QByteArray>("linea");
-        const QByteArray b25(25, ' ');
-        QTest::newRow("new: free rows count from 01") << 1 << 1 << QByteArray("9:01");
-        QTest::newRow("new: fixed row") << 1 << 239 << "900" + b25 + "0" + b25;
-        QTest::newRow("old: free rows") << 0 << 5 << QByteArray("9:5");
-        QTest::newRow("old: last row") << 0 << 275 << QByteArray("99T545       Z00000000");
-    }
-
-    void almacenVacio()
-    {
-        QFETCH(int, modelo);
-        QFETCH(int, indice);
-        LabelEnv e(modelo);
-        QTEST(e.files.Lineas(indice), "linea");
-        QCOMPARE(e.files.lineasArchivo().size(), modelo ? 240 : 278);
-    }
-
     // The labels of a set share the free texts and the fixed text; each has
-    // its own block, and a set file read back writes the same bytes.
+    // its own block, and a set file read back gives the lines it was written from.
     void etiquetasDeUnConjunto_data()
     {
         QTest::addColumn<int>("modelo");
