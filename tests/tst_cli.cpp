@@ -102,10 +102,9 @@ private slots:
         QDir().mkpath(e.dir.file("res"));
         for (const QString& f : QDir(QStringLiteral(KORVO_BIN "/res")).entryList(QDir::Files))
             QFile::copy(QStringLiteral(KORVO_BIN "/res/") + f, e.dir.file("res/" + f));
-        for (const char* salida : {"v.png", "v.svg", "v.pdf"})
+        for (const char* salida : {"v.png", "v.pdf"})
             cli(e, {"preview", e.dir.file("set.pse"), "--label", "T4", "-o", e.dir.file(salida)});
         QVERIFY(e.dir.read("v.png").startsWith("\x89PNG"));
-        QVERIFY(e.dir.read("v.svg").startsWith("<?xml"));
         QVERIFY(e.dir.read("v.pdf").startsWith("%PDF"));
     }
 
@@ -158,8 +157,6 @@ private slots:
         QTest::newRow("unknown command") << QStringList{"frobnicate"} << 2;
         QTest::newRow("label of the other model")
             << QStringList{"show", "SET", "--label", "V1"} << 2;
-        QTest::newRow("label of a label file")
-            << QStringList{"show", "LABEL", "--label", "V3"} << 2;
         QTest::newRow("export without -o") << QStringList{"export", "SET"} << 2;
         QTest::newRow("language out of range")
             << QStringList{"--language", "9", "show", "SET"} << 2;
@@ -172,10 +169,7 @@ private slots:
         QFETCH(QStringList, args);
         QFETCH(int, code);
         Conjunto e;
-        e.mb.ArchivoActual = e.dir.file("label.pde");
-        e.files.GuardaEti();
         args.replaceInStrings("SET", e.dir.file("set.pse"));
-        args.replaceInStrings("LABEL", e.dir.file("label.pde"));
         const Run r = cli(e, args);
         QCOMPARE(r.code, code);
         QCOMPARE(r.err.isEmpty(), code == 0); // the reason, and only on a refusal

@@ -87,30 +87,22 @@ private slots:
         QCOMPARE(e.dir.read("set.pse") != antes, respuestas == QList<Answer>{Answer::Yes});
     }
 
+    // Open takes a file for a label file, to be gathered with its neighbours
+    // into a set, by the character before its last; a set file is read as it is.
     void abrirSegunElPenultimoCaracter_data()
     {
         QTest::addColumn<QString>("nombre");
         QTest::addColumn<bool>("etiqueta");
         QTest::newRow("capitals") << "LABEL.PDE" << true;
+        QTest::newRow("any extension with d before its end") << "abc.d1" << true;
+        QTest::newRow("set file") << "x.pse" << false;
         QTest::newRow("d elsewhere does not count") << "xd.txt" << false;
     }
 
-    // A label file is gathered with its neighbours into a set of its name.
     void abrirSegunElPenultimoCaracter()
     {
         QFETCH(QString, nombre);
-        QFETCH(bool, etiqueta);
-        LabelEnv e(1);
-        const QString ruta = e.dir.file(nombre);
-        if (!etiqueta) {
-            e.mb.ArchivoActual = ruta;
-            e.files.GuardaConjunto();
-        }
-        e.ui.openPaths.append(ruta);
-        e.files.Abrir_Eti();
-        QCOMPARE(e.dir.exists("S"), etiqueta);
-        QCOMPARE(e.files.ArchivoConjunto, etiqueta ? ruta.chopped(2) + "se" : ruta);
-        QVERIFY(e.mb.ArchivoConocido);
+        QTEST(esArchivoEtiqueta(nombre), "etiqueta");
     }
 
     void cambioDeModelo()

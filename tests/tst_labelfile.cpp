@@ -17,7 +17,6 @@ void etiquetaCompleta(ModBase& mb, const QByteArray& nombre)
     for (int i = 0; i < mb.textosLibresModelo(); ++i)
         mb.TextoLibre(i) = QByteArray(i * 25 / 14, 'A' + i);
     mb.TextoLibre(1) = "PRECIO \xe9\xf1\xfc \x80 1KG"; // codes above 127
-    mb.TextoLibre(2) = QByteArray(25, '\xd3');
     for (int n = 1; n <= mb.camposModelo(); ++n) {
         Campo& c = mb.Campos(n);
         c.Presente = n % 3 ? "1" : "0";
@@ -121,23 +120,6 @@ private slots:
         e.files.leerLineasEtiqueta(lines);
         QCOMPARE(e.mb.TextoFijo(0), uno);
         QTEST(e.mb.TextoFijo(1), "dosLeido");
-    }
-
-    // A position text of 4 characters shifts the rest of its row: that field
-    // reads wrongly, the others do not.
-    void textoDeCuatroCaracteres()
-    {
-        Entorno e(1);
-        Campo& c = e.mb.Campos(11);
-        c.Presente = "1";
-        c.TextoHor = "39.6";
-        c.TextoVer = "072";
-        e.mb.Campos(12).TextoHor = "036";
-        e.files.leerLineasEtiqueta(e.files.lineasEtiqueta("V"));
-        const Campo& leido = e.mb.Campos(11);
-        QCOMPARE(leido.TextoHor + leido.TextoVer + leido.Tamano + leido.Presente,
-                 QByteArray("39.60720"));
-        QCOMPARE(e.mb.Campos(12).PosHor, int16_t(10));
     }
 
     // A short file leaves the rows it does not reach as the label before had

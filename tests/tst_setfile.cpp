@@ -68,19 +68,6 @@ private slots:
         QCOMPARE(e.files.Lineas(6), QByteArray("9:5"));
         QCOMPARE(e.files.Lineas(7), "99V145" + QByteArray(7, ' ') + "A00000000");
     }
-
-    // A short set file leaves the rest of the store as it was (one line more
-    // than the store holds ends the program: see the damaged files' tests).
-    void archivoCorto()
-    {
-        LabelEnv e(1);
-        e.files.Lineas(200) = "KEEP";
-        e.dir.write("short.pse", "TXL\r\n9:00HOLA\r\n");
-        e.mb.ArchivoActual = e.dir.file("short.pse");
-        e.files.CargarConjunto();
-        QCOMPARE(e.files.Lineas(200), QByteArray("KEEP"));
-        QCOMPARE(e.mb.TextoLibre(0), QByteArray("HOLA"));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestSetFile)
