@@ -60,7 +60,6 @@ struct Conjunto : LabelEnv {
     Conjunto() : LabelEnv(1)
     {
         dir.write("sirel.new", {});
-        dir.write("cfg.ini", "Idioma = 1\r\n");
         mb.ArchivoActual = dir.file("set.pse");
         mb.TipoEtiqueta = "T";
         mb.NumEtiqueta = "4";
@@ -89,7 +88,6 @@ private slots:
 
         // Export writes the same bytes the designer writes for that label.
         cli(e, {"export", e.dir.file("set.pse"), "--label", "T4", "-o", e.dir.file("t4.pde")});
-        e.mb.NombreEtiqueta = "A\xd1O";
         e.mb.ArchivoActual = e.dir.file("own.pde");
         e.files.GuardaEti();
         QCOMPARE(e.dir.read("t4.pde"), e.dir.read("own.pde"));

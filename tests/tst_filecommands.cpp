@@ -57,9 +57,8 @@ private slots:
         QFETCH(QString, comando);
         QFETCH(QList<Answer>, respuestas);
         ConConjunto e;
-        ModBase& mb = e.mb;
-        mb.Modificado = !respuestas.isEmpty();
-        mb.Campos(11).Presente = "1"; // the change that a Yes saves
+        e.mb.Modificado = !respuestas.isEmpty();
+        e.mb.Campos(11).Presente = "1"; // the change that a Yes saves
         e.ui.answers = respuestas;
         const QByteArray antes = e.dir.read("set.pse");
 
@@ -72,14 +71,14 @@ private slots:
             siguio = e.ui.log.contains("frmCargaTXL");
         } else if (comando == "etiqueta") {
             e.files.cambioEtiqueta(4);
-            siguio = mb.NombreEtiqueta == "CUATRO";
+            siguio = e.mb.NombreEtiqueta == "CUATRO";
         } else if (comando == "convertir") {
             e.files.Convertir();
-            siguio = mb.TipoEtiqueta == "T";
+            siguio = e.mb.TipoEtiqueta == "T";
             QVERIFY(!e.files.Convirtiendo);
         } else {
             siguio = e.files.pulsarCompatibilidad();
-            QCOMPARE(mb.Modificado, false);
+            QCOMPARE(e.mb.Modificado, false);
         }
         QTEST(siguio, "sigue");
         QCOMPARE(e.ui.log.filter("question:").size(), respuestas.size());
@@ -108,25 +107,24 @@ private slots:
     void cambioDeModelo()
     {
         ConConjunto e;
-        ModBase& mb = e.mb;
-        mb.Campos(30).Presente = "1";
-        mb.TextoLibre(0) = "UNO";
-        mb.TextoLibre(9) = "DIEZ";
+        e.mb.Campos(30).Presente = "1";
+        e.mb.TextoLibre(0) = "UNO";
+        e.mb.TextoLibre(9) = "DIEZ";
         e.dir.write("sirel.new", {});
 
         // To the old model: its fields and texts only, an empty old store, label 1.
-        QVERIFY(e.files.pulsarCompatibilidad() && mb.ModeloNuevo == 0);
+        QVERIFY(e.files.pulsarCompatibilidad() && e.mb.ModeloNuevo == 0);
         QVERIFY(!e.dir.exists("sirel.new"));
-        QCOMPARE(mb.Campos(30).Presente, QByteArray("0"));
-        QCOMPARE(mb.TextoLibre(0) + "|" + mb.TextoLibre(9), QByteArray("|DIEZ"));
+        QCOMPARE(e.mb.Campos(30).Presente, QByteArray("0"));
+        QCOMPARE(e.mb.TextoLibre(0) + "|" + e.mb.TextoLibre(9), QByteArray("|DIEZ"));
         QCOMPARE(e.files.lineasArchivo(), LabelEnv(0).files.lineasArchivo());
-        QCOMPARE(mb.NumEtiqueta, QByteArray("1"));
+        QCOMPARE(e.mb.NumEtiqueta, QByteArray("1"));
 
         // And back: the marker file again, the catalogue's free text 5, label 3.
-        QVERIFY(e.files.pulsarCompatibilidad() && mb.ModeloNuevo == 1);
+        QVERIFY(e.files.pulsarCompatibilidad() && e.mb.ModeloNuevo == 1);
         QCOMPARE(e.dir.read("sirel.new"), QByteArray());
-        QCOMPARE(mb.TextoLibre(4), encodeFor(1, mb.Textos(1348)));
-        QCOMPARE(mb.NumEtiqueta, QByteArray("3"));
+        QCOMPARE(e.mb.TextoLibre(4), encodeFor(1, e.mb.Textos(1348)));
+        QCOMPARE(e.mb.NumEtiqueta, QByteArray("3"));
     }
 
     // Typing a name marks the label modified and writes the label line.

@@ -103,8 +103,7 @@ private slots:
         Tienda t(1);
         QByteArray rows;
         for (int i = 5; i < 15; ++i)
-            rows += "9:" + QByteArray::number(i).rightJustified(2, '0') + "TEXTO " +
-                    QByteArray::number(i) + "\r\n";
+            rows += QStringLiteral("9:%1TEXTO %2\r\n").arg(i, 2, 10, QChar('0')).arg(i).toLatin1();
         t.dir.write("tienda/freetxt.txt", rows + "IGNORED\r\n");
         t.importar("x.pde"); // named, but the folder holds no label file beside it
         QCOMPARE(t.en("S"), QStringList{"freetxt.txt"});
