@@ -20,32 +20,30 @@ private slots:
     {
         QFETCH(int, modelo);
         LabelEnv e(modelo);
-        ModBase& mb = e.mb;
         const int base = modelo ? 3 : 1;
-        mb.ArchivoActual = e.dir.file("set.pse");
-        mb.TipoEtiqueta = "T";
-        mb.NumEtiqueta = QByteArray::number(base + 1);
-        mb.NombreEtiqueta = "TOTAL";
-        mb.Campos(20).Presente = "1";
-        mb.Campos(20).TextoHor = "072";
-        mb.TextoLibre(0) = "PRIMERO";
-        mb.TextoFijo(1) = "FIJO";
+        e.mb.ArchivoActual = e.dir.file("set.pse");
+        e.mb.TipoEtiqueta = "T";
+        e.mb.NumEtiqueta = QByteArray::number(base + 1);
+        e.mb.Campos(20).Presente = "1";
+        e.mb.Campos(20).TextoHor = "072";
+        e.mb.TextoLibre(0) = "PRIMERO";
+        e.mb.TextoFijo(1) = "FIJO";
         e.files.GuardarEtiquetaConjunto();
 
         // Another label of the set: empty, but with the common texts. (In the
         // old model packing label 1 has free text rows over its first rows.)
         e.files.CargarEtiquetaConjunto(base + 1);
-        QCOMPARE(mb.Campos(20).TextoHor, QByteArray("000"));
+        QCOMPARE(e.mb.Campos(20).TextoHor, QByteArray("000"));
         // The old model reads free texts one column late.
-        QCOMPARE(mb.TextoLibre(0), modelo ? QByteArray("PRIMERO") : QByteArray("RIMERO"));
-        QCOMPARE(mb.TextoFijo(1), "FIJO" + QByteArray(21, ' '));
+        QCOMPARE(e.mb.TextoLibre(0), modelo ? QByteArray("PRIMERO") : QByteArray("RIMERO"));
+        QCOMPARE(e.mb.TextoFijo(1), "FIJO" + QByteArray(21, ' '));
         // A name of blanks shows an empty box and stays blanks in the block.
         QCOMPARE(e.files.controles.TxtNomEtiq, QString());
-        QCOMPARE(mb.NombreEtiqueta, QByteArray(7, ' '));
+        QCOMPARE(e.mb.NombreEtiqueta, QByteArray(7, ' '));
 
         // And back to the total label.
         e.files.CargarEtiquetaConjunto(base + 1 + (modelo ? 3 : 5));
-        QCOMPARE(mb.Campos(20).PosHor, int16_t(20));
+        QCOMPARE(e.mb.Campos(20).PosHor, int16_t(20));
 
         // A set file read into a fresh store gives the lines it was written from.
         LabelEnv other(modelo);
