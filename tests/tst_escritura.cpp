@@ -132,31 +132,6 @@ private slots:
         QVERIFY(QDir(disco.file("recovery")).entryList(QDir::Files).isEmpty());
     }
 
-    // The companion's export over an earlier file on a really full disk: it
-    // fails, says why, and the earlier file is whole.
-    void exportarADiscoLleno()
-    {
-        LabelEnv e(1);
-        etiqueta(e);
-        DiscoLleno disco;
-        if (!disco.montado())
-            QSKIP("no file system can be mounted here");
-        e.dir.write("sirel.new", {});
-        e.mb.ArchivoActual = e.dir.file("set.pse");
-        e.files.GuardarEtiquetaConjunto();
-        const QString destino = disco.file("x.pde");
-        fs::writeAll(destino, kAnterior);
-        disco.llenar();
-
-        QProcess cli;
-        cli.start(QStringLiteral(KORVO_CLI),
-                  {"--program-dir", e.dir.path(), "export", e.dir.file("set.pse"), "-o", destino});
-        QVERIFY(cli.waitForFinished(30000));
-        QCOMPARE(cli.exitCode(), 1);
-        QVERIFY(cli.readAllStandardError().contains("Run-time error '75'"));
-        QCOMPARE(fs::readAll(destino), kAnterior);
-    }
-
     // When the program ends on what it does not foresee, the label being
     // edited and the store are kept as a set file that opens to the same
     // label, and the message says where; the person's own files and the

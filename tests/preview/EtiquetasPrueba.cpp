@@ -26,12 +26,6 @@ void pon(ModBase& mb, int campo, int hor, int ver, const char* tamano)
     c.PosVer = static_cast<int16_t>(ver);
 }
 
-QStringList etiquetasReferencia()
-{
-    return {QStringLiteral("envasado45"), QStringLiteral("total60"), QStringLiteral("textoslibres"),
-            QStringLiteral("antiguo")};
-}
-
 void etiquetaReferencia(ModBase& mb, const QString& nombre)
 {
     InicializarEtiqueta(mb);
