@@ -17,7 +17,7 @@ private slots:
     void primerArranque()
     {
         ProgramDir dir;
-        dir.writeSmallCatalogue();
+        dir.copyBuiltCatalogue();
         ModBase mb;
         dir.attach(mb);
         ScriptedInteraction ui;

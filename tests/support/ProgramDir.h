@@ -20,9 +20,6 @@ public:
 
     // lang/lang.db with these rows.
     void writeCatalogue(const QList<CatalogueRow>& rows) const;
-    // A small catalogue with the texts cfg.ini and the close question use,
-    // in Spanish (1) and English (2); the other languages repeat the English.
-    void writeSmallCatalogue() const;
     // The program's own catalogue, as the build made it.
     void copyBuiltCatalogue() const;
 
