@@ -1,7 +1,6 @@
 #include "EtiquetasPrueba.h"
 #include "Metafile.h"
 #include "Picture.h"
-#include "PicturesIncorporadas.h"
 #include "ProgramDir.h"
 #include "RuntimeErrors.h"
 
@@ -44,7 +43,6 @@ private slots:
         QTest::addColumn<QPoint>("punto");
         QTest::addColumn<QString>("color");
         // Hand-made, four quadrants of shapes.
-        QTest::newRow("wmf rectangle") << "shapes.wmf" << QPoint(50, 50) << "#ff0000";
         QTest::newRow("wmf polygon in a reused slot")
             << "shapes.wmf" << QPoint(50, 170) << "#00a000";
         QTest::newRow("wmf its wide black border") << "shapes.wmf" << QPoint(112, 150) << "#000000";

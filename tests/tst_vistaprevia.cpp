@@ -24,8 +24,8 @@ double diferencia(const QImage& a, const QImage& b)
         for (int x = 0; x < a.width(); ++x) {
             const QRgb p = a.pixel(x, y);
             const QRgb q = b.pixel(x, y);
-            distintos += qMax(qMax(qAbs(qRed(p) - qRed(q)), qAbs(qGreen(p) - qGreen(q))),
-                              qAbs(qBlue(p) - qBlue(q))) > 96;
+            distintos += std::max({qAbs(qRed(p) - qRed(q)), qAbs(qGreen(p) - qGreen(q)),
+                                   qAbs(qBlue(p) - qBlue(q))}) > 96;
         }
     }
     return double(distintos) / (a.width() * a.height());
@@ -51,32 +51,26 @@ private slots:
 
     // The fixed text lines: shown when not empty, one blank as well, in the
     // language's codes, and each drawn in its own place.
-    void textosFijos_data()
-    {
-        QTest::addColumn<QByteArray>("dos");
-        QTest::newRow("one blank shows") << QByteArray(" ");
-        QTest::newRow("both drawn") << QByteArray("XXXX");
-    }
-
     void textosFijos()
     {
-        QFETCH(QByteArray, dos);
         ModBase mb = referencia(QStringLiteral("vacia"));
+        QVERIFY(!cargaVistaPrevia(mb).lbTXF(1).Visible);
         mb.Idioma = 2;
         mb.TextoFijo(0) = "A\xD1O";
-        mb.TextoFijo(1) = dos;
+        mb.TextoFijo(1) = " ";
+        QVERIFY(cargaVistaPrevia(mb).lbTXF(2).Visible);
+        mb.TextoFijo(1) = "XXXX";
         const EscenaVista e = cargaVistaPrevia(mb);
-        QVERIFY(e.lbTXF(1).Visible && e.lbTXF(2).Visible);
-        QVERIFY(!e.ImagenVista(16).Visible); // no field, not even the bar code
         QCOMPARE(e.lbTXF(1).texto, QString::fromUtf8("AÑO"));
         QCOMPARE(QPointF(e.lbTXF(2).Left, e.lbTXF(2).Top), QPointF(5, 4));
+        QVERIFY(!e.ImagenVista(16).Visible); // no field, not even the bar code
         const QImage img = imagenVistaPrevia(e, kPxPorMm);
         for (const TextoVista& t : {e.lbTXF(1), e.lbTXF(2)}) {
             const QRect donde =
                 QRectF(t.Left * kPxPorMm, t.Top * kPxPorMm, 57 * kPxPorMm, t.Height * kPxPorMm)
                     .toRect() &
                 img.rect();
-            QCOMPARE(oscuros(img.copy(donde)) > 0, !t.texto.trimmed().isEmpty());
+            QVERIFY(oscuros(img.copy(donde)) > 0);
         }
     }
 
