@@ -10,7 +10,6 @@
 
 #include <functional>
 
-using Accion = std::function<void(ModBase&)>;
 using Operacion = std::function<void()>;
 
 class TestCore : public QObject {
@@ -41,20 +40,6 @@ private slots:
         QCOMPARE(textoLibreDeCampo(numero), textoLibre);
         if (textoLibre)
             QCOMPARE(campoDeTextoLibre(textoLibre), numero);
-    }
-
-    void fueraDeRango_data()
-    {
-        QTest::addColumn<Accion>("accion");
-        QTest::newRow("field 37") << Accion([](ModBase& mb) { InicializarCampo(mb, 37); });
-        QTest::newRow("free text 15") << Accion([](ModBase& mb) { mb.TextoLibre(15) = "x"; });
-    }
-
-    void fueraDeRango()
-    {
-        QFETCH(Accion, accion);
-        ModBase mb;
-        QCOMPARE(errorNumber([&] { accion(mb); }), 9);
     }
 
     // A fresh label: V 1 at 45 mm, no name, free texts or fields; the fixed

@@ -110,8 +110,6 @@ private slots:
         QTest::addColumn<int>("error");
         QImage azul(32, 16, QImage::Format_RGB32);
         azul.fill(QColor(0, 0, 255));
-        azul.setDotsPerMeterX(3780);
-        azul.setDotsPerMeterY(3780);
         for (const char* formato : {"BMP", "ICO", "JPEG"}) {
             QBuffer b;
             b.open(QIODevice::WriteOnly);
@@ -143,14 +141,6 @@ private slots:
             QVERIFY(qAbs(p.sizeMm().width() - 32 * 25.4 / 96) < 0.1);
             QVERIFY(qBlue(pinta(p).pixel(100, 100)) > 200);
         }
-    }
-
-    // An empty path is no picture, which clears what was shown.
-    void rutaVacia()
-    {
-        Picture p = Picture::fromImage(QImage(1, 1, QImage::Format_RGB32));
-        QVERIFY(tryLoadPicture(QString(), p));
-        QVERIFY(p.isNull());
     }
 };
 

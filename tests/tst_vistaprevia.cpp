@@ -131,18 +131,17 @@ private slots:
 
     // Each format by its name, the label at its true size: the picture at
     // 300 dots an inch, the drawing and the page in millimetres, the page in
-    // whole points as the writer rounds them.
+    // whole points as the writer rounds them. (That each format is what its
+    // name says is the command line's test.)
     void exporta_data()
     {
         QTest::addColumn<QString>("archivo");
         QTest::addColumn<QByteArrayList>("contiene");
         QTest::newRow("png") << "v.png"
-                             << QByteArrayList{"\x89PNG",
-                                               QByteArray("IHDR\0\0\x02\xa1\0\0\x02\xc5", 12)};
+                             << QByteArrayList{QByteArray("IHDR\0\0\x02\xa1\0\0\x02\xc5", 12)};
         QTest::newRow("svg") << "v.svg"
-                             << QByteArrayList{"<?xml", "viewBox=\"0 0 57 60\"", "width=\"57mm\""};
-        QTest::newRow("pdf") << "v.PDF"
-                             << QByteArrayList{"%PDF", "/MediaBox [0 0 162.000000 170.000000]"};
+                             << QByteArrayList{"viewBox=\"0 0 57 60\"", "width=\"57mm\""};
+        QTest::newRow("pdf") << "v.PDF" << QByteArrayList{"/MediaBox [0 0 162.000000 170.000000]"};
     }
 
     void exporta()
@@ -152,7 +151,6 @@ private slots:
         ModBase mb = referencia(QStringLiteral("total60"));
         exportarVistaPrevia(mb, m_dir.file(archivo));
         const QByteArray bytes = m_dir.read(archivo);
-        QVERIFY(bytes.startsWith(contiene.first()));
         for (const QByteArray& c : contiene)
             QVERIFY2(bytes.contains(c), c.constData());
     }
