@@ -101,7 +101,6 @@ private slots:
         const QList<CatalogueRow> buenas{fila(2, "dos")};
         QTest::newRow("language 9 has no column") << buenas << QByteArray() << 9 << 3061;
         QTest::newRow("an empty text") << QList<CatalogueRow>{vacia} << QByteArray() << 1 << 94;
-        QTest::newRow("no table, an empty file") << buenas << QByteArray("") << 1 << 3078;
         QTest::newRow("not a database") << buenas << QByteArray(4096, 'x') << 1 << 3000;
         QTest::newRow("an absurd highest id")
             << QList<CatalogueRow>{fila(2, "dos"), fila(2000000000, "muchos")} << QByteArray() << 1

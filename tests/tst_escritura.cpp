@@ -64,10 +64,7 @@ void etiqueta(LabelEnv& e)
 
 using Escritor = std::function<void(LabelEnv&)>;
 
-QDateTime momento()
-{
-    return QDateTime(QDate(2026, 11, 23), QTime(10, 15, 0));
-}
+const QDateTime kMomento(QDate(2026, 11, 23), QTime(10, 15, 0));
 
 } // namespace
 
@@ -92,7 +89,7 @@ private slots:
         QTest::newRow("cfg.ini") << true << "cfg.ini"
                                  << Escritor([](LabelEnv& e) { GuardarConfiguracion(e.mb); });
         QTest::newRow("recovery") << true << "" << Escritor([](LabelEnv& e) {
-            e.files.GuardarRecuperacion(momento());
+            e.files.GuardarRecuperacion(kMomento);
         });
     }
     void discoLleno()
@@ -109,8 +106,6 @@ private slots:
             e.mb.ArchivoActual = disco.file(archivo);
             fs::writeAll(e.mb.ArchivoActual, kAnterior);
         }
-        e.mb.Campos(11).Presente = "1";
-        e.mb.TextoLibre(0) = "QUESO";
         e.mb.Modificado = true;
         disco.llenar();
 
@@ -141,7 +136,7 @@ private slots:
         e.mb.NumEtiqueta = "4";
         e.mb.Campos(13).Presente = "1";
 
-        recuperacion::registrar(e.mb, [&] { return e.files.GuardarRecuperacion(momento()); });
+        recuperacion::registrar(e.mb, [&] { return e.files.GuardarRecuperacion(kMomento); });
         const QString texto = recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange());
         recuperacion::retirar();
         const QString copia = e.dir.file("recovery/shop-20261123-101500.pse");
@@ -157,19 +152,9 @@ private slots:
         QCOMPARE(abierto.mb.TipoEtiqueta + abierto.mb.Campos(13).Presente, QByteArray("T1"));
     }
 
-    // The keeper may fail in any way: the error that ends the program is
-    // then shown as it is.
-    void recuperacionFallida()
-    {
-        const ModBase mb;
-        recuperacion::registrar(mb, []() -> QString { throw RuntimeError::pathFileAccess(); });
-        QCOMPARE(recuperacion::mensajeFinal(RuntimeError::overflow()),
-                 RuntimeError::overflow().text());
-        recuperacion::retirar();
-    }
-
     // The main window keeps its work while it lives, and only then: without
-    // a window there is nothing to keep.
+    // a window there is nothing to keep. The keeper may fail in any way: the
+    // error that ends the program is then shown as it is.
     void ventanaGuardaSuTrabajo()
     {
         LabelEnv e(1);
@@ -181,6 +166,10 @@ private slots:
         QCOMPARE(QDir(e.dir.file("recovery")).entryList(QDir::Files).size(), 1);
         QCOMPARE(recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange()),
                  RuntimeError::subscriptOutOfRange().text());
+        recuperacion::registrar(e.mb, []() -> QString { throw RuntimeError::pathFileAccess(); });
+        QCOMPARE(recuperacion::mensajeFinal(RuntimeError::overflow()),
+                 RuntimeError::overflow().text());
+        recuperacion::retirar();
     }
 };
 

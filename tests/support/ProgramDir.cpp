@@ -7,11 +7,6 @@
 #include <QFileInfo>
 #include <stdexcept>
 
-QString ProgramDir::file(const QString& relative) const
-{
-    return QDir(m_dir.path()).filePath(relative);
-}
-
 void ProgramDir::write(const QString& relative, const QByteArray& bytes) const
 {
     const QString path = file(relative);

@@ -3,6 +3,7 @@
 #include "Catalogo.h"
 
 #include <QByteArray>
+#include <QDir>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -12,7 +13,7 @@ struct ModBase;
 class ProgramDir {
 public:
     QString path() const { return m_dir.path(); }
-    QString file(const QString& relative) const;
+    QString file(const QString& relative) const { return QDir(m_dir.path()).filePath(relative); }
 
     void write(const QString& relative, const QByteArray& bytes) const;
     QByteArray read(const QString& relative) const;
