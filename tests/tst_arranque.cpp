@@ -40,8 +40,8 @@ private slots:
         QCOMPARE(lines.at(7), QByteArray("No Background"));
     }
 
-    // Without the catalogue nothing opens and cfg.ini is left as it was: one
-    // made in this run stays in its short form. (An empty cfg.ini, whose
+    // Without the catalogue nothing opens, and the cfg.ini made in this run
+    // stays in its short form. (An empty cfg.ini, whose
     // language 0 has no column, is the main window's tests' damaged cfg.ini.)
     void terminaAlEmpezar()
     {
