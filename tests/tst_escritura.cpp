@@ -3,10 +3,8 @@
 #include "frmBase.h"
 #include "LabelEnv.h"
 #include "Recuperacion.h"
-#include "RenderVista.h"
 #include "RuntimeErrors.h"
 #include "TextLines.h"
-#include "TextosLibres.h"
 
 #include <QDir>
 #include <QProcess>
@@ -66,10 +64,7 @@ void etiqueta(LabelEnv& e)
 
 using Escritor = std::function<void(LabelEnv&)>;
 
-QDateTime momento()
-{
-    return QDateTime(QDate(2026, 11, 23), QTime(10, 15, 0));
-}
+const QDateTime kMomento(QDate(2026, 11, 23), QTime(10, 15, 0));
 
 } // namespace
 
@@ -77,9 +72,10 @@ class TestEscritura : public QObject {
     Q_OBJECT
 
 private slots:
-    // Every writer of the program, on a full disk: the run-time error that a
-    // failed write ends the program with, the earlier file whole, nothing
-    // left beside it, and the label still counted as unsaved.
+    // The writers of the program on a full disk (they all write through one
+    // helper): the run-time error that a failed write ends the program with,
+    // the earlier file whole, nothing left beside it, and the label still
+    // counted as unsaved.
     void discoLleno_data()
     {
         // Where the file goes: the program's folder for its own files, else
@@ -90,17 +86,10 @@ private slots:
         QTest::newRow("set file") << false << "set.pse" << Escritor([](LabelEnv& e) {
             e.files.GuardarEtiquetaConjunto();
         });
-        QTest::newRow("label file")
-            << false << "x.pde" << Escritor([](LabelEnv& e) { e.files.GuardaEti(); });
-        QTest::newRow("freetxl.sft")
-            << true << "freetxl.sft" << Escritor([](LabelEnv& e) { GuardarFreetxl(e.mb); });
         QTest::newRow("cfg.ini") << true << "cfg.ini"
                                  << Escritor([](LabelEnv& e) { GuardarConfiguracion(e.mb); });
-        QTest::newRow("preview picture")
-            << false << "x.png"
-            << Escritor([](LabelEnv& e) { exportarVistaPrevia(e.mb, e.mb.ArchivoActual); });
         QTest::newRow("recovery") << true << "" << Escritor([](LabelEnv& e) {
-            e.files.GuardarRecuperacion(momento());
+            e.files.GuardarRecuperacion(kMomento);
         });
     }
     void discoLleno()
@@ -117,8 +106,6 @@ private slots:
             e.mb.ArchivoActual = disco.file(archivo);
             fs::writeAll(e.mb.ArchivoActual, kAnterior);
         }
-        e.mb.Campos(11).Presente = "1";
-        e.mb.TextoLibre(0) = "QUESO";
         e.mb.Modificado = true;
         disco.llenar();
 
@@ -132,92 +119,42 @@ private slots:
         QVERIFY(QDir(disco.file("recovery")).entryList(QDir::Files).isEmpty());
     }
 
-    // The companion's export over an earlier file on a really full disk: it
-    // fails, says why, and the earlier file is whole.
-    void exportarADiscoLleno()
-    {
-        LabelEnv e(1);
-        etiqueta(e);
-        DiscoLleno disco;
-        if (!disco.montado())
-            QSKIP("no file system can be mounted here");
-        e.dir.write("sirel.new", {});
-        e.mb.ArchivoActual = e.dir.file("set.pse");
-        e.files.GuardarEtiquetaConjunto();
-        const QString destino = disco.file("x.pde");
-        fs::writeAll(destino, kAnterior);
-        disco.llenar();
-
-        QProcess cli;
-        cli.start(QStringLiteral(KORVO_CLI),
-                  {"--program-dir", e.dir.path(), "export", e.dir.file("set.pse"), "-o", destino});
-        QVERIFY(cli.waitForFinished(30000));
-        QCOMPARE(cli.exitCode(), 1);
-        QVERIFY(cli.readAllStandardError().contains("Run-time error '75'"));
-        QCOMPARE(fs::readAll(destino), kAnterior);
-    }
-
     // When the program ends on what it does not foresee, the label being
     // edited and the store are kept as a set file that opens to the same
     // label, and the message says where; the person's own files and the
     // store are not touched.
-    void recuperacion_data()
-    {
-        QTest::addColumn<int>("modelo");
-        QTest::addColumn<QString>("conjunto");
-        QTest::addColumn<QString>("esperado");
-        QTest::newRow("new model, a set") << 1 << "shop.pse"
-                                          << "recovery/shop-20261123-101500.pse";
-        QTest::newRow("old model, no file yet") << 0 << ""
-                                                << "recovery/korvo-20261123-101500.ose";
-    }
     void recuperacion()
     {
-        QFETCH(int, modelo);
-        QFETCH(QString, conjunto);
-        QFETCH(QString, esperado);
-        LabelEnv e(modelo);
+        LabelEnv e(1);
         etiqueta(e);
-        if (!conjunto.isEmpty()) {
-            e.mb.ArchivoActual = e.dir.file(conjunto);
-            e.files.GuardarEtiquetaConjunto();
-            e.files.ArchivoConjunto = e.mb.ArchivoActual;
-        }
-        const QByteArray guardado = conjunto.isEmpty() ? QByteArray() : e.dir.read(conjunto);
+        e.mb.ArchivoActual = e.dir.file("shop.pse");
+        e.files.GuardarEtiquetaConjunto();
+        e.files.ArchivoConjunto = e.mb.ArchivoActual;
+        const QByteArray guardado = e.dir.read("shop.pse");
         const auto lineas = e.files.Lineas;
         e.mb.TipoEtiqueta = "T";
         e.mb.NumEtiqueta = "4";
         e.mb.Campos(13).Presente = "1";
 
-        recuperacion::registrar(e.mb, [&] { return e.files.GuardarRecuperacion(momento()); });
+        recuperacion::registrar(e.mb, [&] { return e.files.GuardarRecuperacion(kMomento); });
         const QString texto = recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange());
         recuperacion::retirar();
+        const QString copia = e.dir.file("recovery/shop-20261123-101500.pse");
         QVERIFY(
             texto.startsWith("Run-time error '9': Subscript out of range\n\n" + e.mb.Textos(2090)));
-        QVERIFY(texto.endsWith(QDir::toNativeSeparators(e.dir.file(esperado))));
+        QVERIFY(texto.endsWith(QDir::toNativeSeparators(copia)));
         QVERIFY(e.files.Lineas == lineas);
-        if (!conjunto.isEmpty())
-            QCOMPARE(e.dir.read(conjunto), guardado);
+        QCOMPARE(e.dir.read("shop.pse"), guardado);
 
-        LabelEnv abierto(modelo);
-        abierto.files.leerLineasConjunto(splitLines(e.dir.read(esperado)));
-        abierto.files.CargarEtiquetaConjunto(modelo ? 7 : 9);
+        LabelEnv abierto(1);
+        abierto.files.leerLineasConjunto(splitLines(fs::readAll(copia)));
+        abierto.files.CargarEtiquetaConjunto(7);
         QCOMPARE(abierto.mb.TipoEtiqueta + abierto.mb.Campos(13).Presente, QByteArray("T1"));
     }
 
-    // The keeper may fail in any way: the error that ends the program is
-    // then shown as it is.
-    void recuperacionFallida()
-    {
-        const ModBase mb;
-        recuperacion::registrar(mb, []() -> QString { throw RuntimeError::pathFileAccess(); });
-        QCOMPARE(recuperacion::mensajeFinal(RuntimeError::overflow()),
-                 RuntimeError::overflow().text());
-        recuperacion::retirar();
-    }
-
     // The main window keeps its work while it lives, and only then: without
-    // a window there is nothing to keep.
+    // a window there is nothing to keep. The keeper may fail in any way: the
+    // error that ends the program is then shown as it is.
     void ventanaGuardaSuTrabajo()
     {
         LabelEnv e(1);
@@ -229,6 +166,10 @@ private slots:
         QCOMPARE(QDir(e.dir.file("recovery")).entryList(QDir::Files).size(), 1);
         QCOMPARE(recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange()),
                  RuntimeError::subscriptOutOfRange().text());
+        recuperacion::registrar(e.mb, []() -> QString { throw RuntimeError::pathFileAccess(); });
+        QCOMPARE(recuperacion::mensajeFinal(RuntimeError::overflow()),
+                 RuntimeError::overflow().text());
+        recuperacion::retirar();
     }
 };
 

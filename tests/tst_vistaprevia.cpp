@@ -8,7 +8,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QtTest>
-#include <stdexcept>
 
 namespace {
 
@@ -25,8 +24,8 @@ double diferencia(const QImage& a, const QImage& b)
         for (int x = 0; x < a.width(); ++x) {
             const QRgb p = a.pixel(x, y);
             const QRgb q = b.pixel(x, y);
-            distintos += qMax(qMax(qAbs(qRed(p) - qRed(q)), qAbs(qGreen(p) - qGreen(q))),
-                              qAbs(qBlue(p) - qBlue(q))) > 96;
+            distintos += std::max({qAbs(qRed(p) - qRed(q)), qAbs(qGreen(p) - qGreen(q)),
+                                   qAbs(qBlue(p) - qBlue(q))}) > 96;
         }
     }
     return double(distintos) / (a.width() * a.height());
@@ -50,112 +49,60 @@ class TestVistaPrevia : public QObject {
 private slots:
     void initTestCase() { copiaImagenesStock(m_dir); }
 
-    // Which items the walk shows: the fields present, within the model.
-    void visibles_data()
-    {
-        QTest::addColumn<QString>("nombre");
-        QTest::addColumn<QList<int>>("visibles");
-        QTest::newRow("envasado45")
-            << "envasado45" << QList<int>{0, 1, 2, 11, 13, 14, 16, 17, 18, 26};
-        QTest::newRow("total60") << "total60" << QList<int>{1, 13, 14, 15, 16, 19, 20};
-        QTest::newRow("textoslibres") << "textoslibres" << QList<int>{12, 21, 25, 27, 36};
-        QTest::newRow("antiguo: no 26 nor 27") << "antiguo" << QList<int>{10, 16, 21};
-        QTest::newRow("nothing, not even the bar code") << "vacia" << QList<int>{};
-    }
-
-    void visibles()
-    {
-        QFETCH(QString, nombre);
-        ModBase mb = referencia(nombre);
-        const EscenaVista e = cargaVistaPrevia(mb);
-        QList<int> vistos;
-        for (int i = 0; i <= 36; ++i)
-            if (e.ImagenVista(i).Visible)
-                vistos.append(i);
-        QTEST(vistos, "visibles");
-    }
-
-    // The fixed text lines: shown when not empty, in the language's codes,
-    // and each drawn in its own place.
-    void textosFijos_data()
-    {
-        QTest::addColumn<int>("idioma");
-        QTest::addColumn<QByteArray>("uno");
-        QTest::addColumn<QByteArray>("dos");
-        QTest::addColumn<bool>("visible1");
-        QTest::addColumn<bool>("visible2");
-        QTest::addColumn<QString>("texto1");
-        QTest::newRow("none") << 1 << QByteArray() << QByteArray() << false << false << "";
-        QTest::newRow("one blank shows")
-            << 1 << QByteArray() << QByteArray(" ") << false << true << "";
-        QTest::newRow("greek codes") << 7 << QByteArray("\xC1\xC2") << QByteArray() << true << false
-                                     << QString::fromUtf8("ΑΒ");
-        QTest::newRow("latin codes, both drawn") << 2 << QByteArray("A\xD1O") << QByteArray("XXXX")
-                                                 << true << true << QString::fromUtf8("AÑO");
-    }
-
+    // The fixed text lines: shown when not empty, one blank as well, in the
+    // language's codes, and each drawn in its own place.
     void textosFijos()
     {
         ModBase mb = referencia(QStringLiteral("vacia"));
-        QFETCH(int, idioma);
-        QFETCH(QByteArray, uno);
-        QFETCH(QByteArray, dos);
-        mb.Idioma = static_cast<int16_t>(idioma);
-        mb.TextoFijo(0) = uno;
-        mb.TextoFijo(1) = dos;
+        QVERIFY(!cargaVistaPrevia(mb).lbTXF(1).Visible);
+        mb.Idioma = 2;
+        mb.TextoFijo(0) = "A\xD1O";
+        mb.TextoFijo(1) = " ";
+        QVERIFY(cargaVistaPrevia(mb).lbTXF(2).Visible);
+        mb.TextoFijo(1) = "XXXX";
         const EscenaVista e = cargaVistaPrevia(mb);
-        QTEST(e.lbTXF(1).Visible, "visible1");
-        QTEST(e.lbTXF(2).Visible, "visible2");
-        QTEST(e.lbTXF(1).texto, "texto1");
+        QCOMPARE(e.lbTXF(1).texto, QString::fromUtf8("AÑO"));
         QCOMPARE(QPointF(e.lbTXF(2).Left, e.lbTXF(2).Top), QPointF(5, 4));
+        QVERIFY(!e.ImagenVista(16).Visible); // no field, not even the bar code
         const QImage img = imagenVistaPrevia(e, kPxPorMm);
         for (const TextoVista& t : {e.lbTXF(1), e.lbTXF(2)}) {
             const QRect donde =
                 QRectF(t.Left * kPxPorMm, t.Top * kPxPorMm, 57 * kPxPorMm, t.Height * kPxPorMm)
                     .toRect() &
                 img.rect();
-            QCOMPARE(oscuros(img.copy(donde)) > 0, !t.texto.trimmed().isEmpty());
+            QVERIFY(oscuros(img.copy(donde)) > 0);
         }
     }
 
-    // Missing or damaged pictures end the program with the runtime's error,
-    // a stock file's as well as the background's.
-    void imagenesQueFaltan_data()
+    // A missing stock picture ends the program with the runtime's error, as a
+    // background that cannot be read does.
+    void imagenQueFalta()
     {
-        QTest::addColumn<bool>("stock");
-        QTest::addColumn<int>("error");
-        QTest::newRow("stock file missing") << true << 53;
-        QTest::newRow("background not a picture") << false << 481;
-    }
-
-    void imagenesQueFaltan()
-    {
-        QFETCH(bool, stock);
         ProgramDir dir;
         copiaImagenesStock(dir);
         ModBase mb;
         dir.attach(mb);
         etiquetaReferencia(mb, QStringLiteral("textoslibres"));
-        if (stock)
-            QFile::remove(dir.file(QStringLiteral("res/6A.wmf")));
-        dir.write(QStringLiteral("fondo.bmp"), "not a picture");
-        mb.RutaFondo = stock ? QString() : dir.file(QStringLiteral("fondo.bmp"));
-        QTEST(errorNumber([&] { cargaVistaPrevia(mb); }), "error");
+        QFile::remove(dir.file(QStringLiteral("res/6A.wmf")));
+        QCOMPARE(errorNumber([&] { cargaVistaPrevia(mb); }), 53);
     }
 
-    // The drawings of the reference labels, against the committed ones.
+    // The drawings of the reference labels, against the committed ones, and
+    // the items shown: the fields present, within the model.
     // KORVO_REGENERATE_PREVIEW=1 writes them afresh, to be looked at and
     // committed when a change of the drawing is meant.
     void dibujo_data()
     {
-        QTest::addColumn<QString>("nombre");
-        for (const QString& n : etiquetasReferencia())
-            QTest::newRow(qPrintable(n)) << n;
+        QTest::addColumn<QList<int>>("visibles");
+        QTest::newRow("envasado45") << QList<int>{0, 1, 2, 11, 13, 14, 16, 17, 18, 26};
+        QTest::newRow("total60") << QList<int>{1, 13, 14, 15, 16, 19, 20};
+        QTest::newRow("textoslibres") << QList<int>{12, 21, 25, 27, 36};
+        QTest::newRow("antiguo") << QList<int>{10, 16, 21}; // neither 26 nor 27
     }
 
     void dibujo()
     {
-        QFETCH(QString, nombre);
+        const QString nombre = QString::fromLatin1(QTest::currentDataTag());
         ModBase mb = referencia(nombre);
         if (nombre == QLatin1String("envasado45")) {
             // A background at its own size under everything.
@@ -166,7 +113,13 @@ private slots:
             fondo.save(m_dir.file(QStringLiteral("fondo.bmp")), "BMP");
             mb.RutaFondo = m_dir.file(QStringLiteral("fondo.bmp"));
         }
-        const QImage hecha = imagenVistaPrevia(cargaVistaPrevia(mb), kPxPorMm);
+        const EscenaVista e = cargaVistaPrevia(mb);
+        QList<int> vistos;
+        for (int i = 0; i <= 36; ++i)
+            if (e.ImagenVista(i).Visible)
+                vistos.append(i);
+        QTEST(vistos, "visibles");
+        const QImage hecha = imagenVistaPrevia(e, kPxPorMm);
         const QString archivo = datosPreview(nombre + QStringLiteral(".png"));
         if (qEnvironmentVariableIsSet("KORVO_REGENERATE_PREVIEW"))
             QVERIFY(hecha.save(archivo, "PNG"));
@@ -178,18 +131,17 @@ private slots:
 
     // Each format by its name, the label at its true size: the picture at
     // 300 dots an inch, the drawing and the page in millimetres, the page in
-    // whole points as the writer rounds them.
+    // whole points as the writer rounds them. (That each format is what its
+    // name says is the command line's test.)
     void exporta_data()
     {
         QTest::addColumn<QString>("archivo");
         QTest::addColumn<QByteArrayList>("contiene");
         QTest::newRow("png") << "v.png"
-                             << QByteArrayList{"\x89PNG",
-                                               QByteArray("IHDR\0\0\x02\xa1\0\0\x02\xc5", 12)};
+                             << QByteArrayList{QByteArray("IHDR\0\0\x02\xa1\0\0\x02\xc5", 12)};
         QTest::newRow("svg") << "v.svg"
-                             << QByteArrayList{"<?xml", "viewBox=\"0 0 57 60\"", "width=\"57mm\""};
-        QTest::newRow("pdf") << "v.PDF"
-                             << QByteArrayList{"%PDF", "/MediaBox [0 0 162.000000 170.000000]"};
+                             << QByteArrayList{"viewBox=\"0 0 57 60\"", "width=\"57mm\""};
+        QTest::newRow("pdf") << "v.PDF" << QByteArrayList{"/MediaBox [0 0 162.000000 170.000000]"};
     }
 
     void exporta()
@@ -199,18 +151,8 @@ private slots:
         ModBase mb = referencia(QStringLiteral("total60"));
         exportarVistaPrevia(mb, m_dir.file(archivo));
         const QByteArray bytes = m_dir.read(archivo);
-        QVERIFY(bytes.startsWith(contiene.first()));
         for (const QByteArray& c : contiene)
             QVERIFY2(bytes.contains(c), c.constData());
-    }
-
-    // A name of no known format is the caller's mistake; a failed write is
-    // the full-disk tests' business.
-    void exportaFalla()
-    {
-        ModBase mb = referencia(QStringLiteral("total60"));
-        QVERIFY_THROWS_EXCEPTION(std::invalid_argument,
-                                 exportarVistaPrevia(mb, m_dir.file(QStringLiteral("v.gif"))));
     }
 };
 

@@ -10,11 +10,9 @@
 void copiaImagenesStock(const ProgramDir& dir)
 {
     const QDir res(QStringLiteral(KORVO_SOURCE_DIR "/res"));
-    for (const QString& f : res.entryList({QStringLiteral("*.wmf")}, QDir::Files)) {
-        QFile in(res.filePath(f));
-        in.open(QIODevice::ReadOnly);
-        dir.write(QStringLiteral("res/") + f, in.readAll());
-    }
+    QDir().mkpath(dir.file(QStringLiteral("res")));
+    for (const QString& f : res.entryList({QStringLiteral("*.wmf")}, QDir::Files))
+        QFile::copy(res.filePath(f), dir.file(QStringLiteral("res/") + f));
 }
 
 void pon(ModBase& mb, int campo, int hor, int ver, const char* tamano)
@@ -24,12 +22,6 @@ void pon(ModBase& mb, int campo, int hor, int ver, const char* tamano)
     c.Tamano = tamano;
     c.PosHor = static_cast<int16_t>(hor);
     c.PosVer = static_cast<int16_t>(ver);
-}
-
-QStringList etiquetasReferencia()
-{
-    return {QStringLiteral("envasado45"), QStringLiteral("total60"), QStringLiteral("textoslibres"),
-            QStringLiteral("antiguo")};
 }
 
 void etiquetaReferencia(ModBase& mb, const QString& nombre)

@@ -7,11 +7,6 @@
 #include <QFileInfo>
 #include <stdexcept>
 
-QString ProgramDir::file(const QString& relative) const
-{
-    return QDir(m_dir.path()).filePath(relative);
-}
-
 void ProgramDir::write(const QString& relative, const QByteArray& bytes) const
 {
     const QString path = file(relative);
@@ -24,9 +19,7 @@ void ProgramDir::write(const QString& relative, const QByteArray& bytes) const
 QByteArray ProgramDir::read(const QString& relative) const
 {
     QFile f(file(relative));
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    return f.readAll();
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 bool ProgramDir::exists(const QString& relative) const
@@ -48,23 +41,6 @@ CatalogueRow row(int id, const QString& es, const QString& en)
     r.id = id;
     r.texts = QStringList{es, en, en, en, en, en, en, en};
     return r;
-}
-
-void ProgramDir::writeSmallCatalogue() const
-{
-    writeCatalogue({
-        row(260, QStringLiteral("Puerto de comunicación"), QStringLiteral("Port")),
-        row(261, QStringLiteral("Baudios"), QStringLiteral("Baud")),
-        row(262, QStringLiteral("Paridad"), QStringLiteral("Parity")),
-        row(263, QStringLiteral("Bits de datos"), QStringLiteral("Data bits")),
-        row(285, QStringLiteral("Sí"), QStringLiteral("Yes")),
-        row(286, QStringLiteral("No"), QStringLiteral("No")),
-        row(293, QStringLiteral("Idioma"), QStringLiteral("Language")),
-        row(1315, QStringLiteral("¿Guardar los cambios?"), QStringLiteral("Save the changes?")),
-        row(1321, QStringLiteral("Bits de parada"), QStringLiteral("Stop bits")),
-        row(1342, QStringLiteral("Sombreado"), QStringLiteral("Shading")),
-        row(1343, QStringLiteral("Fondo"), QStringLiteral("Background")),
-    });
 }
 
 void ProgramDir::copyBuiltCatalogue() const

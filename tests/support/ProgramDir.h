@@ -3,6 +3,7 @@
 #include "Catalogo.h"
 
 #include <QByteArray>
+#include <QDir>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -12,7 +13,7 @@ struct ModBase;
 class ProgramDir {
 public:
     QString path() const { return m_dir.path(); }
-    QString file(const QString& relative) const;
+    QString file(const QString& relative) const { return QDir(m_dir.path()).filePath(relative); }
 
     void write(const QString& relative, const QByteArray& bytes) const;
     QByteArray read(const QString& relative) const;
@@ -20,9 +21,6 @@ public:
 
     // lang/lang.db with these rows.
     void writeCatalogue(const QList<CatalogueRow>& rows) const;
-    // A small catalogue with the texts cfg.ini and the close question use,
-    // in Spanish (1) and English (2); the other languages repeat the English.
-    void writeSmallCatalogue() const;
     // The program's own catalogue, as the build made it.
     void copyBuiltCatalogue() const;
 

@@ -4,11 +4,6 @@
 
 #include <stdexcept>
 
-void ScriptedInteraction::message(const QString& text)
-{
-    log.append(QStringLiteral("message: ") + text);
-}
-
 Answer ScriptedInteraction::question(const QString& text)
 {
     log.append(QStringLiteral("question: ") + text);
@@ -29,11 +24,6 @@ QString ScriptedInteraction::saveFile(const FileDialogRequest& request)
     log.append(QStringLiteral("save: ") + request.filter);
     requests.append(request);
     return savePaths.isEmpty() ? QString() : savePaths.takeFirst();
-}
-
-void ScriptedWindows::mostrarSplash(ModBase& mb)
-{
-    m_log.append(QStringLiteral("splash"));
 }
 
 void ScriptedWindows::mostrarBase(ModBase& mb)

@@ -3,9 +3,9 @@
 #include "Arranque.h"
 #include "UserInteraction.h"
 
+#include <functional>
 #include <QList>
 #include <QStringList>
-#include <functional>
 
 // The person, scripted: every message, question and dialog is written to a
 // log, questions take their answers from a queue and file dialogs their paths.
@@ -18,7 +18,7 @@ public:
     QStringList savePaths;
     QList<FileDialogRequest> requests;
 
-    void message(const QString& text) override;
+    void message(const QString& text) override { log.append(QStringLiteral("message: ") + text); }
     Answer question(const QString& text) override;
     QString openFile(const FileDialogRequest& request) override;
     QString saveFile(const FileDialogRequest& request) override;
@@ -31,7 +31,7 @@ public:
     explicit ScriptedWindows(QStringList& log) : m_log(log) {}
     std::function<void(ModBase&)> whileBaseOpen;
 
-    void mostrarSplash(ModBase& mb) override;
+    void mostrarSplash(ModBase&) override { m_log.append(QStringLiteral("splash")); }
     void mostrarBase(ModBase& mb) override;
 
 private:
