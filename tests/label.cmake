@@ -13,5 +13,3 @@ target_compile_definitions(tst_cli PRIVATE KORVO_SCALE="$<TARGET_FILE:korvo-scal
 add_dependencies(tst_cli korvo-scale)
 # Every writer on a full disk, and the work kept when the program ends.
 korvo_test(tst_escritura korvo_ui)
-target_compile_definitions(tst_escritura PRIVATE KORVO_CLI="$<TARGET_FILE:korvo-cli>")
-add_dependencies(tst_escritura korvo-cli)
