@@ -5,6 +5,9 @@
 // The tables are taken once from Qt's ICU converters: single-byte code pages
 // map byte to character one to one, so a table in each direction is exact,
 // and it lets an unknown character become "?" rather than ICU's control code.
+// The holes of a page, bytes ICU decodes to no character of their own, get a
+// private-use character each, so that every one of the 256 bytes survives a
+// trip through text.
 CodePage::CodePage(const char* name) : m_name(name)
 {
     QStringDecoder decoder(name);
@@ -12,10 +15,12 @@ CodePage::CodePage(const char* name) : m_name(name)
     for (int b = 0; b < 256; ++b) {
         const char byte = static_cast<char>(b);
         const QString ch = decoder.decode(QByteArrayView(&byte, 1));
-        const char16_t u = ch.size() == 1 ? ch.at(0).unicode() : char16_t(0xFFFD);
-        m_toUnicode[b] = u;
-        if (u != 0xFFFD && !m_fromUnicode.contains(u))
-            m_fromUnicode.insert(u, byte);
+        char16_t u = ch.size() == 1 ? ch.at(0).unicode() : char16_t(0xFFFD);
+        const bool sustituto = u == 0xFFFD || (u == 0x1A && b != 0x1A);
+        if (sustituto || m_fromUnicode.contains(u))
+            u = static_cast<char16_t>(kHueco + b);
+        m_toUnicode[static_cast<size_t>(b)] = u;
+        m_fromUnicode.insert(u, byte);
     }
 }
 

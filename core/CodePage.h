@@ -17,8 +17,12 @@ public:
     static const char* nameForLanguage(int16_t idioma);
 
     const char* name() const { return m_name; }
-    // A character the code page lacks becomes "?", as the platform's own
-    // conversion does.
+    // A byte that no character of the page stands for (0x81 in the western
+    // page, 0xFF in the Greek one) is read as a private-use character of its
+    // own, kHueco + the byte, and written back as that byte: label data read
+    // for a person and taken back is the data it was. A character the page
+    // lacks becomes "?", as the platform's own conversion does.
+    static constexpr char16_t kHueco = 0xF700;
     QByteArray encode(QStringView text) const;
     QString decode(QByteArrayView bytes) const;
     // Whether every character of the text has a code in this page.
