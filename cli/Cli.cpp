@@ -61,14 +61,9 @@ void CliContext::configure(QStringList& args)
     if (!fs::dirExists(mb.programDir))
         throw UsageError(qPrintable(QStringLiteral("no program folder %1").arg(mb.programDir)));
 
-    const QString cfg = fs::inProgramDir(mb, QStringLiteral("cfg.ini"));
-    if (fs::fileExists(cfg)) {
-        if (aplicarConfiguracion(mb, fs::readAll(cfg)) == LecturaConfiguracion::TipoIncorrecto)
-            configuracionPorDefecto(mb);
-    } else {
-        configuracionPorDefecto(mb);
-    }
-    mb.ModeloNuevo = fs::fileExists(fs::inProgramDir(mb, QStringLiteral("sirel.new"))) ? 1 : 0;
+    // The settings and the model as the designer would start with them;
+    // cfg.ini is only read.
+    leerAjustes(mb);
 
     const QString model = takeOption(args, QStringLiteral("--model"));
     if (model == QLatin1String("new"))
@@ -99,11 +94,10 @@ void CliContext::load(const QString& path, const QString& label)
     if (!fs::fileExists(path))
         throw UsageError(qPrintable(QStringLiteral("no file %1").arg(path)));
     mb.ArchivoActual = path;
-    const QList<QByteArray> lines = splitLines(fs::readAll(path));
     if (esArchivoEtiqueta(path)) {
         if (!label.isEmpty())
             throw UsageError("a label file holds one label: --label is for set files");
-        files.leerLineasEtiqueta(lines);
+        files.leerLineasEtiqueta(splitLines(fs::readAll(path)));
         mb.ArchivoConocido = true;
         files.Actualiza();
         mb.Modificado = false;
@@ -124,7 +118,7 @@ void CliContext::load(const QString& path, const QString& label)
         p = m.captured(1).toUpper() == QLatin1String("V") ? numero : numero + (mb.ModeloNuevo ? 3 : 5);
     }
     files.ArchivoConjunto = path;
-    files.leerLineasConjunto(lines);
+    files.leerArchivoConjunto(path);
     files.CargarEtiquetaConjunto(p);
 }
 

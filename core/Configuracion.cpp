@@ -152,31 +152,42 @@ QByteArray formaLarga(const ModBase& mb)
     return joinLines(bytes);
 }
 
-int16_t LeerConfiguracion(ModBase& mb)
+OrigenAjustes leerAjustes(ModBase& mb)
 {
     const QString path = fs::inProgramDir(mb, kArchivo);
-    int16_t result = 0;
+    OrigenAjustes origen = OrigenAjustes::Archivo;
     if (!fs::fileExists(path)) {
         configuracionPorDefecto(mb);
-        // The short form's line 8 says "No Fondo"; the path itself stays empty.
-        fs::writeAll(path, formaCorta(mb));
-        result = 1;
+        origen = OrigenAjustes::Falta;
     } else {
         QByteArray contents;
         try {
             contents = fs::readAll(path);
         } catch (const RuntimeError&) {
             // A file that cannot be read keeps the settings as they are, and
-            // the model and the left-over file are not looked at.
-            return 0;
+            // the model is not looked at.
+            return OrigenAjustes::Ilegible;
         }
         // A damaged file restores the defaults without a word, and the model
         // is not looked at: the marker file is ignored for this run.
         if (aplicarConfiguracion(mb, contents) == LecturaConfiguracion::TipoIncorrecto)
-            return 0;
+            return OrigenAjustes::Danado;
     }
-
     mb.ModeloNuevo = fs::fileExists(fs::inProgramDir(mb, kMarcaModeloNuevo)) ? 1 : 0;
+    return origen;
+}
+
+int16_t LeerConfiguracion(ModBase& mb)
+{
+    const OrigenAjustes origen = leerAjustes(mb);
+    if (origen == OrigenAjustes::Danado || origen == OrigenAjustes::Ilegible)
+        return 0;
+    int16_t result = 0;
+    if (origen == OrigenAjustes::Falta) {
+        // The short form's line 8 says "No Fondo"; the path itself stays empty.
+        fs::writeAll(fs::inProgramDir(mb, kArchivo), formaCorta(mb));
+        result = 1;
+    }
 
     // Nothing writes this file any more; it is only cleared away.
     const QString sobrante = fs::inProgramDir(mb, kSobrante);
