@@ -89,12 +89,16 @@ VistaVentana VistaVentana::deTexto(const QByteArray& texto)
         const QByteArray clave = linea.left(igual).trimmed();
         bool ok = false;
         const double valor = linea.mid(igual + 1).trimmed().toDouble(&ok);
-        if (!ok)
+        // "inf", "nan" and 1e300 are numbers to toDouble, and no size.
+        if (!ok || !std::isfinite(valor))
             continue;
+        // Clamped while still a double: a value past the range of int has
+        // no conversion.
+        const auto medida = [](double x) { return static_cast<int>(std::clamp(x, 0.0, 100000.0)); };
         if (clave == "ancho")
-            v.ancho = std::clamp(static_cast<int>(valor), 0, 100000);
+            v.ancho = medida(valor);
         else if (clave == "alto")
-            v.alto = std::clamp(static_cast<int>(valor), 0, 100000);
+            v.alto = medida(valor);
         else if (clave == "maximizada")
             v.maximizada = valor != 0;
         else if (clave == "zoom" && valor >= Zoom::kMinimo && valor <= Zoom::kMaximo)
