@@ -49,6 +49,9 @@ public:
     int16_t i16(size_t off) const { return get<int16_t>(off); }
     uint16_t u16(size_t off) const { return get<uint16_t>(off); }
     int32_t i32(size_t off) const { return get<int32_t>(off); }
+    // A coordinate, taken as a real number at once, so that no arithmetic on
+    // it can leave the range of its integer (an edge of 2147483647 plus one).
+    qreal x32(size_t off) const { return get<int32_t>(off); }
     uint32_t u32(size_t off) const { return get<uint32_t>(off); }
     float f32(size_t off) const { return get<float>(off); }
 
@@ -1213,7 +1216,7 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
     // The frame is in hundredths of a millimetre; the reference device says
     // how many of its pixels make a millimetre.
     const QRectF frameMm =
-        QRectF(QPointF(h.i32(24), h.i32(28)) / 100.0, QPointF(h.i32(32), h.i32(36)) / 100.0)
+        QRectF(QPointF(h.x32(24), h.x32(28)) / 100.0, QPointF(h.x32(32), h.x32(36)) / 100.0)
             .normalized();
     const int32_t devX = h.i32(72), devY = h.i32(76), mmX = h.i32(80), mmY = h.i32(84);
     qreal pxX = 96 / 25.4, pxY = 96 / 25.4;
@@ -1227,7 +1230,7 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
     QSizeF mm = frameMm.size();
     if (frame.isEmpty()) {
         const QRectF bounds =
-            QRectF(QPointF(h.i32(8), h.i32(12)), QPointF(h.i32(16) + 1, h.i32(20) + 1));
+            QRectF(QPointF(h.x32(8), h.x32(12)), QPointF(h.x32(16) + 1, h.x32(20) + 1));
         frame = bounds.normalized();
         mm = QSizeF();
     }
@@ -1261,7 +1264,7 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
             return nullptr;
         first = false;
         const auto need = [&](size_t n) { return size >= n; };
-        const auto pointl = [&](size_t at) { return QPointF(r.i32(at), r.i32(at + 4)); };
+        const auto pointl = [&](size_t at) { return QPointF(r.x32(at), r.x32(at + 4)); };
 
         switch (type) {
         case U_EMR_EOF:
@@ -1309,11 +1312,11 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
             break;
         case U_EMR_MOVETOEX:
             if (need(16))
-                m.moveTo(r.i32(8), r.i32(12));
+                m.moveTo(r.x32(8), r.x32(12));
             break;
         case U_EMR_LINETO:
             if (need(16))
-                m.lineTo(r.i32(8), r.i32(12));
+                m.lineTo(r.x32(8), r.x32(12));
             break;
         case U_EMR_SAVEDC:
             m.save();
@@ -1479,7 +1482,7 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                 }
                 const auto at = [&](size_t i) {
                     return small ? QPointF(r.i16(28 + i * 4), r.i16(30 + i * 4))
-                                 : QPointF(r.i32(28 + i * 8), r.i32(32 + i * 8));
+                                 : QPointF(r.x32(28 + i * 8), r.x32(32 + i * 8));
                 };
                 const bool to = type == U_EMR_POLYLINETO || type == U_EMR_POLYLINETO16 ||
                                 type == U_EMR_POLYBEZIERTO || type == U_EMR_POLYBEZIERTO16;
@@ -1555,7 +1558,7 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                     const size_t n = r.u32(32 + i * 4);
                     for (size_t k = 0; k < n; ++k, at += step) {
                         const QPointF q = m.map(small ? QPointF(r.i16(at), r.i16(at + 2))
-                                                      : QPointF(r.i32(at), r.i32(at + 4)));
+                                                      : QPointF(r.x32(at), r.x32(at + 4)));
                         k == 0 ? p.moveTo(q) : p.lineTo(q);
                     }
                     if (n && closed)
@@ -1616,7 +1619,7 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                 std::vector<qreal> dx;
                 if (offDx != 0 && r.has(offDx, n * 4) && static_cast<size_t>(s.size()) == n)
                     for (size_t i = 0; i < n; ++i)
-                        dx.push_back(r.i32(offDx + i * 4));
+                        dx.push_back(r.x32(offDx + i * 4));
                 m.text(s, ref.x(), ref.y(), std::move(dx));
             }
             break;
