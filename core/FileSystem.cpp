@@ -1,5 +1,7 @@
 #include "FileSystem.h"
 
+#include "TextLines.h"
+
 #include "ModBase.h"
 #include "RuntimeError.h"
 
@@ -62,6 +64,27 @@ QByteArray readAll(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError::pathFileAccess();
     return file.readAll();
+}
+
+QList<QByteArray> readLines(const QString& path, qsizetype maximo)
+{
+    QFile file(path);
+    if (!file.exists())
+        throw RuntimeError::fileNotFound();
+    if (!file.open(QIODevice::ReadOnly))
+        throw RuntimeError::pathFileAccess();
+    DivisorLineas divisor(maximo);
+    QByteArray trozo(64 * 1024, Qt::Uninitialized);
+    while (!divisor.lleno()) {
+        const qint64 n = file.read(trozo.data(), trozo.size());
+        if (n < 0)
+            throw RuntimeError::pathFileAccess();
+        if (n == 0)
+            break;
+        divisor.alimentar(QByteArrayView(trozo.constData(), n));
+    }
+    divisor.terminar();
+    return std::move(divisor).lineas();
 }
 
 namespace {

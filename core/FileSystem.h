@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 struct ModBase;
@@ -24,6 +25,9 @@ QString lastModifiedText(const QString& path);
 
 // The whole file; "File not found" or "Path/File access error" when it cannot be read.
 QByteArray readAll(const QString& path);
+// The file's first `maximo` lines, as splitLines divides them, read a piece
+// at a time: what lies past them is never read. The same failures as readAll.
+QList<QByteArray> readLines(const QString& path, qsizetype maximo);
 // Replaces the file with the bytes, whole or not at all: on any failure the
 // earlier file stays as it was and "Path/File access error" is raised.
 void writeAll(const QString& path, const QByteArray& bytes);

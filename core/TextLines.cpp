@@ -4,29 +4,54 @@
 
 QList<QByteArray> splitLines(const QByteArray& contents)
 {
-    // The ends are found by Qt's own search, a line at a time, rather than
-    // by looking at every byte here: readers meet files of any size.
-    QList<QByteArray> lines;
-    const qsizetype n = contents.size();
-    qsizetype cr = contents.indexOf('\r');
-    qsizetype lf = contents.indexOf('\n');
+    DivisorLineas divisor;
+    divisor.alimentar(contents);
+    divisor.terminar();
+    return std::move(divisor).lineas();
+}
+
+void DivisorLineas::alimentar(QByteArrayView trozo)
+{
+    // The ends are found by Qt's own search, and each found end is kept
+    // until a line passes it, so that a file without one kind of end is
+    // not searched through again for every line: readers meet files of any size.
+    const qsizetype n = trozo.size();
     qsizetype start = 0;
-    while (start < n) {
+    if (m_trasRetorno && n > 0) {
+        m_trasRetorno = false;
+        if (trozo.at(0) == '\n')
+            start = 1; // carriage return and line feed end one line, across two pieces
+    }
+    qsizetype cr = trozo.indexOf('\r', start);
+    qsizetype lf = trozo.indexOf('\n', start);
+    while (start < n && !lleno()) {
         if (cr >= 0 && cr < start)
-            cr = contents.indexOf('\r', start);
+            cr = trozo.indexOf('\r', start);
         if (lf >= 0 && lf < start)
-            lf = contents.indexOf('\n', start);
+            lf = trozo.indexOf('\n', start);
         const qsizetype end = cr < 0 ? lf : lf < 0 ? cr : std::min(cr, lf);
         if (end < 0) {
-            lines.append(contents.mid(start));
-            break;
+            m_pendiente.append(trozo.sliced(start));
+            return;
         }
-        lines.append(contents.mid(start, end - start));
+        m_pendiente.append(trozo.sliced(start, end - start));
+        m_lineas.append(std::move(m_pendiente));
+        m_pendiente = QByteArray();
         start = end + 1;
-        if (end == cr && start == lf)
-            ++start; // carriage return and line feed end one line
+        if (end == cr) {
+            if (start == n)
+                m_trasRetorno = true;
+            else if (start == lf)
+                ++start;
+        }
     }
-    return lines;
+}
+
+void DivisorLineas::terminar()
+{
+    if (!m_pendiente.isEmpty() && !lleno())
+        m_lineas.append(std::move(m_pendiente));
+    m_pendiente = QByteArray();
 }
 
 QByteArray joinLines(const QList<QByteArray>& lines)

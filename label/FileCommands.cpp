@@ -219,8 +219,23 @@ void FileCommands::almacenaLineasEtiqueta(const QList<QByteArray>& lines, const 
 void FileCommands::CargarConjunto()
 {
     ArchivoConjunto = m_mb.ArchivoActual;
-    leerLineasConjunto(splitLines(fs::readAll(m_mb.ArchivoActual)));
+    leerArchivoConjunto(m_mb.ArchivoActual);
     CargarEtiquetaConjunto(3);
+}
+
+void FileCommands::leerArchivoConjunto(const QString& ruta)
+{
+    // One line past the store is enough to meet the end of it.
+    const QList<QByteArray> lineas = fs::readLines(ruta, decltype(Lineas)::upper + 2);
+    // A file that ends the program leaves the store as the work in hand had
+    // it, for the recovery copy.
+    const auto antes = Lineas;
+    try {
+        leerLineasConjunto(lineas);
+    } catch (const RuntimeError&) {
+        Lineas = antes;
+        throw;
+    }
 }
 
 void FileCommands::leerLineasConjunto(const QList<QByteArray>& lines)
@@ -253,6 +268,7 @@ void FileCommands::CargarEtiquetaConjunto(int p)
 void FileCommands::cargarDeArchivo()
 {
     ++generacion;
+    m_archivoTrabajo = ArchivoConjunto.isEmpty() ? m_mb.ArchivoActual : ArchivoConjunto;
     m_mb.ArchivoConocido = true;
     Actualiza();
     m_mb.Modificado = false;
@@ -277,6 +293,7 @@ void FileCommands::GuardarEtiquetaConjunto()
 {
     plegarEtiqueta(Lineas);
     GuardaConjunto();
+    m_archivoTrabajo = m_mb.ArchivoActual;
     GuardarFreetxl(m_mb);
     m_mb.ArchivoConocido = true;
     m_mb.Modificado = false;
@@ -313,8 +330,9 @@ QString FileCommands::GuardarRecuperacion(const QDateTime& ahora) const
     const QString carpeta = fs::inProgramDir(m_mb, QStringLiteral("recovery"));
     if (!fs::dirExists(carpeta))
         fs::makeDir(carpeta);
-    QString base = QFileInfo(ArchivoConjunto.isEmpty() ? m_mb.ArchivoActual : ArchivoConjunto)
-                       .completeBaseName();
+    // Named after the work it holds, which is not always the file last
+    // chosen: an open that fails part way has chosen another.
+    QString base = QFileInfo(m_archivoTrabajo).completeBaseName();
     if (base.isEmpty())
         base = QStringLiteral("korvo");
     const QString nombre = base + ahora.toString(QStringLiteral("-yyyyMMdd-HHmmss"));

@@ -124,6 +124,10 @@ public:
     void almacenaLineasEtiqueta(const QList<QByteArray>& lines, const QString& fecha);
     // Reads a set file's lines into the store.
     void leerLineasConjunto(const QList<QByteArray>& lines);
+    // Reads the set file at `ruta` into the store. A file longer than the
+    // store ends on "Subscript out of range" at its first line past it, as
+    // reading it whole would, without the rest of it ever being read.
+    void leerArchivoConjunto(const QString& ruta);
 
     // Keeps the work in hand, the store with the label being edited folded
     // in, as a set file of its own in the folder "recovery" of the program's
@@ -140,6 +144,9 @@ private:
     QByteArray codificar(const QString& texto) const;
     QString decodificar(const QByteArray& bytes) const;
 
+    // The file the work in hand came from or last went to, empty for work
+    // that has none: what a recovery copy is named after.
+    QString m_archivoTrabajo;
     ModBase& m_mb;
     UserInteraction& m_ui;
     BaseView& m_view;

@@ -182,7 +182,7 @@ EtiquetasConjunto::EtiquetasConjunto(const ModBase& mb, const QString& ruta)
     archivos.IniciaLineas();
     bloque.ArchivoActual = ruta;
     archivos.ArchivoConjunto = ruta;
-    archivos.leerLineasConjunto(splitLines(fs::readAll(ruta)));
+    archivos.leerArchivoConjunto(ruta);
     for (const bool total : {false, true})
         for (int n = primera; n <= 5; ++n) {
             archivos.CargarEtiquetaConjunto(total ? n + (bloque.ModeloNuevo ? 3 : 5) : n);
