@@ -1,4 +1,5 @@
 #include "BalanzaVirtual.h"
+#include "Configuracion.h"
 #include "LabelEnv.h"
 #include "TextLines.h"
 
@@ -147,6 +148,59 @@ private slots:
         QVERIFY(traza.contains("\tsilent\tV3\t<-\topening\t\tno reply within 3000 ms"));
         // Served at once: the silent scale is opened before the good one is done.
         QVERIFY(traza.indexOf("\tsilent\tV3\t->\topening") < traza.lastIndexOf("\tnet\t"));
+    }
+
+    // A byte the language's code page has no character for (0xFF in Greek)
+    // is sent and exported as itself, in the name of every field.
+    void bytesSinCaracter()
+    {
+        LabelEnv e(1);
+        e.dir.write("sirel.new", {});
+        const QString etiqueta = QStringLiteral(KORVO_SOURCE_DIR "/tests/data/greek-name-undefined-byte.pde");
+        const QByteArray nombre("\xd7" "D:WD\xff");
+        const Run frames = cli(e, {"--language", "7", "frames", etiqueta});
+        int campos = 0;
+        for (const QByteArray& hex : frames.out.split('\n'))
+            if (const QByteArray trama = QByteArray::fromHex(hex); trama.startsWith("\x02" "99")) {
+                ++campos;
+                QVERIFY2(trama.contains(nombre), hex.constData());
+            }
+        QCOMPARE(campos, 36);
+        cli(e, {"--language", "7", "export", etiqueta, "-o", e.dir.file("out.pde")});
+        const QList<QByteArray> filas = splitLines(e.dir.read("out.pde"));
+        QCOMPARE(filas.size(), 15 + 36 + 1);
+        for (int j = 15; j < 15 + 36; ++j)
+            QCOMPARE(columns(filas.at(j), 7, 6), nombre);
+    }
+
+    // The command line starts from the settings and the model the designer
+    // starts from: a damaged cfg.ini means the old model, sirel.new or not.
+    void ajustesComoElDisenador_data()
+    {
+        QTest::addColumn<QByteArray>("cfg"); // null: no cfg.ini
+        QTest::addColumn<bool>("antiguo");
+        QTest::newRow("no cfg.ini") << QByteArray() << false;
+        QTest::newRow("whole") << QByteArray("Idioma = 2\r\nPuerto = 1\r\n") << false;
+        QTest::newRow("a blank after a digit")
+            << QByteArray("Idioma = 2 \r\nPuerto = 1\r\n") << true;
+        QTest::newRow("a letter on line 5")
+            << QByteArray("1\r\n0\r\n2\r\n0\r\nx\r\n1\r\n1\r\n") << true;
+    }
+
+    void ajustesComoElDisenador()
+    {
+        QFETCH(QByteArray, cfg);
+        QFETCH(bool, antiguo);
+        Conjunto e; // a new-model set, sirel.new present
+        if (!cfg.isNull())
+            e.dir.write("cfg.ini", cfg);
+        // V1 exists only in the old model.
+        const Run r = cli(e, {"show", e.dir.file("set.pse"), "--label", "V1"});
+        ModBase disenador;
+        disenador.programDir = e.dir.path();
+        LeerConfiguracion(disenador);
+        QCOMPARE(disenador.ModeloNuevo == 0, antiguo);
+        QCOMPARE(r.code == 0, antiguo);
     }
 
     // Commands refused before anything is done: exit 2, with the reason.

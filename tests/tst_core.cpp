@@ -73,8 +73,10 @@ private slots:
         QTest::newRow("Western lacks Ω") << 2 << QStringLiteral("Ω") << QByteArray("?");
     }
 
-    // Label data goes through a language change unharmed: every byte decodes
-    // to something and the defined ones come back as they were.
+    // Label data goes through text for a person unharmed: each of the 256
+    // bytes of each page, the holes of the page (0x81 western, 0xFF Greek,
+    // 0x83 Polish) included, decodes to one character of its own and comes
+    // back as the byte it was.
     void paginasDeCodigos()
     {
         QFETCH(int, idioma);
@@ -88,8 +90,7 @@ private slots:
             const QByteArray one(1, static_cast<char>(b));
             const QString s = cp.decode(one);
             QCOMPARE(s.size(), 1);
-            if (s.at(0) != QChar(0xFFFD))
-                QCOMPARE(cp.encode(s), one);
+            QCOMPARE(cp.encode(s), one);
         }
     }
 

@@ -366,6 +366,16 @@ private slots:
         const auto fila = [](const char* nombre, int clase, Orden orden) {
             QTest::newRow(nombre) << orden << clase;
         };
+        fila("moved by the arrows", 2202, [](EditorEnv& e) { e.editor.moverSeleccion(1, 0); });
+        fila("placed from the palette", 2203, [](EditorEnv& e) {
+            for (int i = 2; i < 15; ++i)
+                if (botonPaleta(i).campo == 14)
+                    e.editor.pulsarCBDisplay(i);
+        });
+        fila("deleted from its menu", 2204, [](EditorEnv& e) {
+            e.editor.pulsarCampo(12, BotonRaton::Derecho, 0, 0);
+            e.editor.clicMnuDer(4);
+        });
         fila("sized from its menu", 2205, [](EditorEnv& e) {
             e.editor.pulsarCampo(12, BotonRaton::Derecho, 0, 0);
             e.editor.clicMnuDer(1);
@@ -374,10 +384,12 @@ private slots:
             e.files.cambioNombre(QStringLiteral("QU"));
             e.files.cambioNombre(QStringLiteral("QUESO"));
         });
+        fila("the width", 2207, [](EditorEnv& e) { e.editor.cambioVSVer(60); });
         fila("a fixed text cleared", 2208, [](EditorEnv& e) {
             e.editor.pulsarTXF(1, BotonRaton::Derecho);
             e.editor.clicMnuDerTXFborrar();
         });
+        fila("a preset: width and places at once", 2209, [](EditorEnv& e) { e.editor.Cargar60(); });
     }
 
     void deshacer()

@@ -136,8 +136,20 @@ private slots:
         e.mb.NumEtiqueta = "4";
         e.mb.Campos(13).Presente = "1";
 
+        // The end comes from opening another set, one line longer than the
+        // store: the copy is still the work on screen, under its own name.
+        QByteArray larga;
+        for (int i = 0; i <= decltype(e.files.Lineas)::upper + 1; ++i)
+            larga += "9:0\r\n";
+        e.dir.write("otro.pse", larga);
+        e.mb.ArchivoActual = e.dir.file("otro.pse");
         recuperacion::registrar(e.mb, [&] { return e.files.GuardarRecuperacion(kMomento); });
-        const QString texto = recuperacion::mensajeFinal(RuntimeError::subscriptOutOfRange());
+        QString texto;
+        try {
+            e.files.CargarConjunto();
+        } catch (const RuntimeError& error) {
+            texto = recuperacion::mensajeFinal(error);
+        }
         recuperacion::retirar();
         const QString copia = e.dir.file("recovery/shop-20261123-101500.pse");
         QVERIFY(

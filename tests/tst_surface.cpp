@@ -4,6 +4,7 @@
 // tests' business; these tests see that the widgets reach it.
 #include "CatalogoCampos.h"
 #include "Cuadro.h"
+#include "FileCommands.h"
 #include "frmBase.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
@@ -299,6 +300,11 @@ private slots:
         QTest::newRow("save asks for a file") << "Guardar" << QList<Answer>{} << "save";
         QTest::newRow("open asks for a file") << "Abrir" << QList<Answer>{} << "open";
         QTest::newRow("new label") << "Nueva" << QList<Answer>{} << "new";
+        // The selected box goes to the left limit, the middle of the label
+        // or the right limit.
+        QTest::newRow("justify left") << "JustIzda" << QList<Answer>{} << "3";
+        QTest::newRow("justify centre") << "JustCentr" << QList<Answer>{} << "28.5";
+        QTest::newRow("justify right") << "JustDcha" << QList<Answer>{} << "53";
     }
 
     void toolbar()
@@ -306,6 +312,8 @@ private slots:
         QFETCH(QString, clave);
         QFETCH(QList<Answer>, respuestas);
         QFETCH(QString, efecto);
+        const bool justifica = clave.startsWith("Just");
+        m_mb->Campos(11).Seleccionado = justifica;
         poner(11, 20, 20);
         m_mb->Modificado = !respuestas.isEmpty();
         m_ui.answers = respuestas;
@@ -322,8 +330,62 @@ private slots:
             QCOMPARE(m_mb->TipoEtiqueta, QByteArray("T"));
         else if (efecto == "new") // no fields, and the surface shows none
             QCOMPARE(cuadro()->cajaEn(en(21, 21)), -1);
+        else if (justifica) {
+            const Caja& caja = m_w->editor().superficie.Imagen(11);
+            const double x = efecto == "3" ? caja.left()
+                             : efecto == "53" ? caja.left() + caja.width()
+                                              : caja.left() + caja.width() / 2;
+            QCOMPARE(x, efecto.toDouble());
+        }
         else
             QCOMPARE(m_ui.log.filter(efecto + ": ").size(), 1);
+    }
+
+    // The name box takes seven letters as they are typed: an eighth key
+    // press changes nothing, so the name never lengthens a frame.
+    void nombreSieteLetras()
+    {
+        QLineEdit* nombre = hijo<QLineEdit>("TxtNomEtiq");
+        QTest::keyClicks(nombre, "QUESOSAX");
+        QCOMPARE(nombre->text(), QStringLiteral("QUESOSA"));
+        QCOMPARE(m_mb->NombreEtiqueta, QByteArray("QUESOSA"));
+    }
+
+    // The 45 preset from the tool bar, then a save: the vertical position
+    // texts reach the file as the preset lists them, not worked out from
+    // the positions (field 18 lower than 17, with the smaller text).
+    void preset45Guardado()
+    {
+        QTest::mouseClick(hijo<QToolBar>("Toolbar1")->widgetForAction(hijo<QAction>("Eti45")),
+                          Qt::LeftButton);
+        QCOMPARE(pos(18).y(), 42);
+        m_ui.savePaths = {m_dir->file("preset.pse")};
+        QTest::mouseClick(hijo<QToolBar>("Toolbar1")->widgetForAction(hijo<QAction>("Guardar")),
+                          Qt::LeftButton);
+        QMap<char, QByteArray> textoVer;
+        for (const QByteArray& fila : m_dir->read("preset.pse").split('\n'))
+            if (fila.startsWith("99V3") && fila.size() >= 20)
+                textoVer[fila.at(13)] = fila.mid(17, 3);
+        QCOMPARE(textoVer.value('Q'), QByteArray("130")); // field 17
+        QCOMPARE(textoVer.value('R'), QByteArray("108")); // field 18
+    }
+
+    // In the old model the total labels stand five blocks after the packing
+    // ones: the selector on total label 1 steps to the block of total label
+    // 2, named here, not to a neighbour of it.
+    void selectorTotalAntiguo()
+    {
+        abrir(0);
+        FileCommands& f = m_w->archivos();
+        const int t2 = f.indiceBloque(2 + 5);
+        f.Lineas(t2 + 1) = "99T245QUESO  A00000000";
+        QTest::mouseClick(hijo<QToolBar>("Toolbar1")->widgetForAction(hijo<QAction>("Convertir")),
+                          Qt::LeftButton);
+        QCOMPARE(m_mb->TipoEtiqueta + m_mb->NumEtiqueta, QByteArray("T1"));
+        QScrollBar* vs = hijo<QScrollBar>("VSEtiq");
+        QTest::mouseClick(vs, Qt::LeftButton, {}, QPoint(vs->width() / 2, vs->height() - 4));
+        QTRY_COMPARE(m_mb->NumEtiqueta, QByteArray("2"));
+        QCOMPARE(m_mb->NombreEtiqueta.trimmed(), QByteArray("QUESO"));
     }
 };
 
