@@ -1,10 +1,16 @@
 // The small dialogs of the main window without their widgets: the branches
 // their window tests do not take (the other model, the other kinds of label,
 // the rows that misbehave).
+#include "CatalogoCampos.h"
+#include "CodePage.h"
+#include "Configuracion.h"
 #include "DialogoCampos.h"
 #include "DialogoTextos.h"
+#include "LabelEnv.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
+
+#include <functional>
 
 #include <QtTest>
 
@@ -129,6 +135,67 @@ private slots:
         for (int n : presentes)
             QCOMPARE(mb.Campos(n).Presente == "0", borrados.contains(n));
         QCOMPARE(mb.Modificado, !borrados.isEmpty());
+    }
+
+    // Label bytes shown to a person and taken back come back as they were,
+    // for every byte of each of the three code pages, on each path where
+    // they turn into text and back: the name box, the free and fixed text
+    // dialogs, the background path in cfg.ini. A path that holds fewer
+    // characters takes the bytes a piece at a time.
+    void textoIdaYVuelta_data()
+    {
+        QTest::addColumn<int>("idioma");
+        QTest::addColumn<QString>("camino");
+        for (const int idioma : {1, 7, 8})
+            for (const char* camino : {"name", "free text", "fixed text", "background"})
+                QTest::addRow("%s, language %d", camino, idioma) << idioma << QString(camino);
+    }
+
+    void textoIdaYVuelta()
+    {
+        QFETCH(int, idioma);
+        QFETCH(QString, camino);
+        LabelEnv e(1);
+        e.mb.Idioma = static_cast<int16_t>(idioma);
+        const auto cp = [&](const QByteArray& b) { return decodeFor(e.mb.Idioma, b); };
+        // What each path gives back for the bytes it is handed.
+        const QMap<QString, std::pair<int, std::function<QByteArray(const QByteArray&)>>> caminos = {
+            {"name", {7, [&](const QByteArray& b) {
+                 e.mb.NombreEtiqueta = b;
+                 e.files.Actualiza();
+                 e.files.cambioNombre(e.files.controles.TxtNomEtiq);
+                 return e.mb.NombreEtiqueta;
+             }}},
+            {"free text", {25, [&](const QByteArray& b) {
+                 e.mb.TextoLibre(6) = b;
+                 e.mb.Campos(campoDeTextoLibre(7)).Presente = "1";
+                 DialogoTXL d(e.mb);
+                 d.pulsarFila(7, true);
+                 d.aceptar();
+                 return e.mb.TextoLibre(6);
+             }}},
+            {"fixed text", {25, [&](const QByteArray& b) {
+                 AceptarTXF(e.mb, textoFijoParaCaja(e.mb.Idioma, b), {});
+                 return e.mb.TextoFijo(0);
+             }}},
+            {"background", {256, [&](const QByteArray& b) {
+                 e.mb.RutaFondo = cp(b);
+                 ModBase leido;
+                 aplicarConfiguracion(leido, formaLarga(e.mb));
+                 return encodeFor(e.mb.Idioma, leido.RutaFondo);
+             }}},
+        };
+        const auto& [pieza, ida] = caminos.value(camino);
+        // Every byte but the ends of lines and the blank, which paths cut
+        // at the end of a text; the blank and the letters are plain ASCII.
+        QByteArray todos;
+        for (int b = 0; b < 256; ++b)
+            if (b != '\r' && b != '\n' && b != ' ')
+                todos += static_cast<char>(b);
+        for (qsizetype i = 0; i < todos.size(); i += pieza) {
+            const QByteArray trozo = todos.mid(i, pieza);
+            QCOMPARE(ida(trozo).toHex(' '), trozo.toHex(' '));
+        }
     }
 };
 
