@@ -409,10 +409,25 @@ void FileCommands::CargarEti2()
         dialog.filter = QStringLiteral("All (*.ode,*.ose)|*.ode;*.ose;|") + T(1316) +
                         QStringLiteral(" (*.ode)|*.ode|") + T(1349) + QStringLiteral(" (*.ose)|*.ose");
     m_mb.ArchivoActual = m_ui.openFile(dialog);
-    const QString& ruta = m_mb.ArchivoActual;
-    if (ruta.isEmpty())
+    if (m_mb.ArchivoActual.isEmpty())
         return;
-    if (esArchivoEtiqueta(ruta))
+    cargarRuta();
+}
+
+void FileCommands::abrirArchivo(const QString& ruta)
+{
+    if (!fs::fileExists(ruta)) {
+        m_ui.message(m_mb.Textos(864));
+        return;
+    }
+    m_mb.ArchivoActual = ruta;
+    cargarRuta();
+}
+
+void FileCommands::cargarRuta()
+{
+    // A label file is gathered with its neighbours into a new set.
+    if (esArchivoEtiqueta(m_mb.ArchivoActual))
         RealizarConjunto();
     else
         CargarConjunto();

@@ -85,6 +85,10 @@ public:
     void menuNueva();
 
     void Abrir_Eti();
+    // Opens the set or label file at `ruta` as Open does once it has its
+    // path (the program's command line gives one): a path that leads to no
+    // file is told with the catalogue's message and changes nothing.
+    void abrirArchivo(const QString& ruta);
     void CargarEti2();
     void CargarEti();
     void GuardaEti();
@@ -141,6 +145,7 @@ private:
     // Yes saves, No goes on, Cancel stops: false when the command is to stop.
     bool preguntarYGuardar();
     void cargarDeArchivo(); // the tail shared by every load
+    void cargarRuta();      // opens ArchivoActual, a set or a label file
     QByteArray codificar(const QString& texto) const;
     QString decodificar(const QByteArray& bytes) const;
 

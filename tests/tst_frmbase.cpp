@@ -2,6 +2,7 @@
 #include "Arranque.h"
 #include "Configuracion.h"
 #include "Cuadro.h"
+#include "FileCommands.h"
 #include "frmBase.h"
 #include "frmSplash.h"
 #include "ModBase.h"
@@ -344,6 +345,46 @@ private slots:
         QCOMPARE(aplicarConfiguracion(siguiente, m_dir->read("cfg.ini")),
                  LecturaConfiguracion::Completa);
         QCOMPARE(siguiente.RutaFondo, caso.aviso ? QString() : caso.fondo);
+    }
+
+    // A file named on the command line opens once the window stands, as
+    // Open would open it; a path to no file is told, and the label stays.
+    void archivoDeLineaDeOrdenes_data()
+    {
+        QTest::addColumn<bool>("existe");
+        QTest::newRow("a set") << true;
+        QTest::newRow("no such file") << false;
+    }
+
+    void archivoDeLineaDeOrdenes()
+    {
+        QFETCH(bool, existe);
+        m_mb->ModeloNuevo = 1;
+        const QString ruta = m_dir->file(QStringLiteral("tienda ñ.pse"));
+        if (existe) {
+            ModBase otro = *m_mb;
+            InicializarEtiqueta(otro);
+            otro.NumEtiqueta = "3";
+            SilentInteraction nadie;
+            HeadlessView sinVentana;
+            FileCommands archivos(otro, nadie, sinVentana);
+            archivos.IniciaLineas();
+            otro.ArchivoActual = ruta;
+            otro.NombreEtiqueta = "QUESO";
+            archivos.GuardarEtiquetaConjunto();
+        }
+        QtInteraction ui;
+        frmBase w(*m_mb, ui);
+        mostrar(w);
+        QString dicho;
+        recorrido::AlAbrirse persona([&](QWidget& d) {
+            dicho = static_cast<QMessageBox&>(d).text();
+            QTest::keyClick(&d, Qt::Key_Return);
+        });
+        w.abrirArchivo(ruta);
+        QCOMPARE(hijo<QLineEdit>(w, "TxtNomEtiq")->text(), existe ? QStringLiteral("QUESO") : QString());
+        QCOMPARE(dicho, existe ? QString() : m_mb->Textos(864));
+        QCOMPARE(m_mb->ArchivoConocido, existe);
     }
 
 private:

@@ -20,6 +20,8 @@ void VentanasQt::mostrarBase(ModBase& mb)
     });
     // The first label is made before the window is on the screen.
     base.mostrarCargaTXL();
+    if (!m_archivo.isEmpty())
+        base.abrirArchivo(m_archivo);
     QEventLoop loop;
     QObject::connect(&base, &frmBase::cerrado, &loop, &QEventLoop::quit);
     base.setWindowModality(Qt::ApplicationModal);

@@ -926,6 +926,11 @@ void frmBase::mostrarEstado()
     m_panelY->setText(s.panelY.isEmpty() ? QStringLiteral("Y: ") : s.panelY);
 }
 
+void frmBase::abrirArchivo(const QString& ruta)
+{
+    orden([&] { m_files.abrirArchivo(ruta); });
+}
+
 void frmBase::mostrarCargaTXL()
 {
     frmCargaTXL dialog(m_mb, isVisible() ? this : nullptr);

@@ -69,6 +69,8 @@ public:
     // widget from the model. It asks nothing and changes no label data.
     void refresh() override;
     void mostrarCargaTXL() override;
+    // Opens a set or label file by its path, as the Open command does.
+    void abrirArchivo(const QString& ruta);
 
     void repintarCuadro() override;
     void repintarVentana() override;
