@@ -253,15 +253,13 @@ int cmdCheck(CliContext& ctx, QStringList args)
 
 int cmdPreview(CliContext& ctx, QStringList args)
 {
-    const char* usage = "usage: korvo-cli preview FILE [--label KN] -o OUT.png|.svg|.pdf";
+    const QByteArray usage =
+        QByteArray("usage: korvo-cli preview FILE [--label KN] -o OUT: ") + kFormatosVista;
     const QString label = takeOption(args, QStringLiteral("--label"));
     const QString out = takeOption(args, QStringLiteral("-o"));
-    if (out.isEmpty() || !QRegularExpression(QStringLiteral("\\.(png|svg|pdf)$"),
-                                             QRegularExpression::CaseInsensitiveOption)
-                              .match(out)
-                              .hasMatch())
-        throw UsageError(usage);
-    ctx.load(needFile(args, usage), label);
+    if (out.isEmpty() || !formatoVista(out))
+        throw UsageError(usage.constData());
+    ctx.load(needFile(args, usage.constData()), label);
     exportarVistaPrevia(ctx.mb, out);
     return 0;
 }

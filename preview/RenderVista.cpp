@@ -11,7 +11,9 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#ifdef KORVO_SVG
 #include <QSvgGenerator>
+#endif
 #include <stdexcept>
 
 namespace {
@@ -40,6 +42,7 @@ void dibujaTexto(QPainter& p, const TextoVista& t)
     p.restore();
 }
 
+#ifdef KORVO_SVG
 QByteArray svg(const EscenaVista& e)
 {
     QBuffer buffer;
@@ -57,6 +60,7 @@ QByteArray svg(const EscenaVista& e)
     p.end();
     return buffer.data();
 }
+#endif
 
 QByteArray pdf(const EscenaVista& e)
 {
@@ -116,8 +120,10 @@ std::optional<FormatoVista> formatoVista(const QString& path)
     const QString p = path.toLower();
     if (p.endsWith(QLatin1String(".png")))
         return FormatoVista::Png;
+#ifdef KORVO_SVG
     if (p.endsWith(QLatin1String(".svg")))
         return FormatoVista::Svg;
+#endif
     if (p.endsWith(QLatin1String(".pdf")))
         return FormatoVista::Pdf;
     return std::nullopt;
@@ -127,7 +133,7 @@ void exportarVistaPrevia(const ModBase& mb, const QString& path)
 {
     const std::optional<FormatoVista> formato = formatoVista(path);
     if (!formato)
-        throw std::invalid_argument("the preview is written as .png, .svg or .pdf");
+        throw std::invalid_argument(kFormatosVista);
     const EscenaVista e = cargaVistaPrevia(mb);
     QByteArray bytes;
     switch (*formato) {
@@ -138,7 +144,9 @@ void exportarVistaPrevia(const ModBase& mb, const QString& path)
         break;
     }
     case FormatoVista::Svg:
+#ifdef KORVO_SVG
         bytes = svg(e);
+#endif
         break;
     case FormatoVista::Pdf:
         bytes = pdf(e);

@@ -19,7 +19,13 @@ QImage imagenVistaPrevia(const EscenaVista& escena, qreal pxPorMm);
 
 enum class FormatoVista { Png, Svg, Pdf };
 // By the file's ending; nothing for an ending the export does not write.
+// The Windows build has no SVG: Qt's SVG module is not built for it here.
 std::optional<FormatoVista> formatoVista(const QString& path);
+#ifdef KORVO_SVG
+inline constexpr const char* kFormatosVista = "the preview is written as .png, .svg or .pdf";
+#else
+inline constexpr const char* kFormatosVista = "the preview is written as .png or .pdf";
+#endif
 
 // Writes the preview of the label in the shared block to a PNG (300 dots an
 // inch), SVG or PDF file in true millimetres, told by the path's ending.

@@ -2,6 +2,9 @@
 
 #include "ModBase.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 QByteArray AjustesLinea::texto() const
 {
     return QByteArray::number(baudios) + ',' + paridad + ',' + QByteArray::number(bitsDatos) + ',' +
@@ -19,4 +22,20 @@ AjustesLinea ajustesLinea(const ModBase& mb)
     a.bitsDatos = mb.BitsDatos == 0 ? 7 : 8;
     a.bitsParada = mb.BitsParada == 0 ? 1 : 2;
     return a;
+}
+
+QString nombrePuerto(const QString& programDir, int numero)
+{
+#ifdef Q_OS_WIN
+    Q_UNUSED(programDir);
+    return QStringLiteral("COM%1").arg(numero);
+#else
+    // A link dosdevices/comN beside the program names the device of COMn,
+    // as Wine has it; without one the first serial devices stand in.
+    const QString enlace =
+        QDir(programDir).filePath(QStringLiteral("dosdevices/com%1").arg(numero));
+    if (QFileInfo(enlace).isSymLink() || QFileInfo::exists(enlace))
+        return enlace;
+    return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
+#endif
 }

@@ -86,3 +86,8 @@ signals:
     void readyRead();
     void averia();
 };
+
+// The device of port number 1..4 for a program folder: "COM1".."COM4" on
+// Windows; elsewhere the program folder's dosdevices/comN link where there
+// is one (as Wine has it), else /dev/ttyS0../dev/ttyS3.
+QString nombrePuerto(const QString& programDir, int numero);

@@ -49,22 +49,6 @@ bool ajusteVigente(qintptr handle, FalloPuerto::Ajuste ajuste, const AjustesLine
 
 } // namespace
 
-QString nombrePuerto(const QString& programDir, int numero)
-{
-#ifdef Q_OS_WIN
-    Q_UNUSED(programDir);
-    return QStringLiteral("COM%1").arg(numero);
-#else
-    // A link dosdevices/comN beside the program names the device of COMn,
-    // as Wine has it; without one the first serial devices stand in.
-    const QString enlace =
-        QDir(programDir).filePath(QStringLiteral("dosdevices/com%1").arg(numero));
-    if (QFileInfo(enlace).isSymLink() || QFileInfo::exists(enlace))
-        return enlace;
-    return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
-#endif
-}
-
 PuertoSerieQt::PuertoSerieQt(const QString& programDir, QObject* parent)
     : PuertoSerie(parent), m_programDir(programDir)
 {

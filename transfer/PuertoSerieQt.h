@@ -43,6 +43,3 @@ private:
     QSerialPort m_puerto;
     FalloPuerto m_fallo;
 };
-
-// The device of port number 1..4 for a program folder.
-QString nombrePuerto(const QString& programDir, int numero);

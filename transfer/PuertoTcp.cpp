@@ -1,6 +1,6 @@
 #include "PuertoTcp.h"
 
-#include "PuertoSerieQt.h"
+#include "PuertoDispositivo.h"
 
 #include <QDir>
 #include <QFile>
@@ -211,11 +211,11 @@ std::unique_ptr<PuertoSerie> crearPuerto(const QString& programDir, const QStrin
         if (direccionTcp(destino))
             return std::make_unique<PuertoTcp>(destino);
         // The device itself, so that the number the transfer sets counts no more.
-        auto serie = std::make_unique<PuertoSerieQt>(programDir);
+        auto serie = std::make_unique<PuertoDispositivo>(programDir);
         serie->setDevice(destino);
         return serie;
     }
-    auto serie = std::make_unique<PuertoSerieQt>(programDir);
+    auto serie = std::make_unique<PuertoDispositivo>(programDir);
     serie->setDevice(nombre);
     return serie;
 }
