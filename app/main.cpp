@@ -1,3 +1,4 @@
+#include "CarpetaPrograma.h"
 #include "KorvoApplication.h"
 #include "ModBase.h"
 #include "QtInteraction.h"
@@ -9,8 +10,10 @@ int main(int argc, char** argv)
 {
     KorvoApplication app(argc, argv);
     ModBase mb;
-    mb.programDir = QCoreApplication::applicationDirPath();
     QtInteraction ui;
+    const QString aviso = fijarCarpetas(mb, QCoreApplication::applicationDirPath());
+    if (!aviso.isEmpty())
+        ui.message(aviso);
     // A set or label file named on the command line (a double click on it
     // in the file manager) is opened once the first label is made. Qt has
     // taken its own options out already.

@@ -3,6 +3,7 @@
 #include "Catalogo.h"
 #include "CodePage.h"
 #include "Comprobacion.h"
+#include "CarpetaPrograma.h"
 #include "Configuracion.h"
 #include "FileSystem.h"
 #include "Envio.h"
@@ -57,7 +58,14 @@ bool takeFlag(QStringList& args, const QString& name)
 void CliContext::configure(QStringList& args)
 {
     const QString dir = takeOption(args, QStringLiteral("--program-dir"));
-    mb.programDir = dir.isEmpty() ? QCoreApplication::applicationDirPath() : dir;
+    if (dir.isEmpty()) {
+        // The designer's folder: the person's own, for an installed program.
+        const QString aviso = fijarCarpetas(mb, QCoreApplication::applicationDirPath());
+        if (!aviso.isEmpty())
+            std::fprintf(stderr, "korvo-cli: %s\n", qPrintable(aviso));
+    } else {
+        mb.programDir = dir;
+    }
     if (!fs::dirExists(mb.programDir))
         throw UsageError(qPrintable(QStringLiteral("no program folder %1").arg(mb.programDir)));
 

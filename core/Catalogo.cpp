@@ -86,7 +86,7 @@ QString unescape(const QString& s, bool* ok)
 int16_t CargarTextos(ModBase& mb, int16_t idioma)
 {
     const QString columna = QStringLiteral("text") + QString::number(idioma);
-    const QString path = fs::inProgramDir(mb, QStringLiteral("lang/lang.db"));
+    const QString path = fs::inDataDir(mb, QStringLiteral("lang/lang.db"));
     if (!fs::fileExists(path))
         return -1;
 

@@ -126,4 +126,12 @@ QString inProgramDir(const ModBase& mb, const QString& relative)
     return QDir(mb.programDir).filePath(relative);
 }
 
+QString inDataDir(const ModBase& mb, const QString& relative)
+{
+    const QString propia = inProgramDir(mb, relative);
+    if (mb.dataDir.isEmpty() || QFileInfo::exists(propia))
+        return propia;
+    return QDir(mb.dataDir).filePath(relative);
+}
+
 } // namespace fs

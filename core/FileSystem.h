@@ -35,7 +35,11 @@ void writeAll(const QString& path, const QByteArray& bytes);
 // would (-1: no limit). For the tests of a full disk where none can be mounted.
 void limitarEspacioLibre(qint64 bytes);
 
-// A path below the program's folder: inProgramDir(mb, "lang/lang.db").
+// A path below the program's folder: inProgramDir(mb, "cfg.ini").
 QString inProgramDir(const ModBase& mb, const QString& relative);
+// A file of the program's data (lang/lang.db, res/, the character tables):
+// the program folder's own when it has one, so that a file put beside the
+// program counts, else the installation's.
+QString inDataDir(const ModBase& mb, const QString& relative);
 
 } // namespace fs

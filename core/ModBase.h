@@ -50,9 +50,14 @@ struct ModBase {
     BoundedArray<bool, 1, 15> TXLPendiente;
     TextTable Textos;
 
-    // The program's folder, where cfg.ini, the marker file, lang/ and res/
-    // live: the executable's folder, or what a test or the command line sets.
+    // The program's folder, where cfg.ini, the marker file and the other
+    // files the program writes live: the executable's folder, or what a test
+    // or the command line sets, or the person's own folder of an installed
+    // program (CarpetaPrograma.h).
     QString programDir;
+    // Where an installed program keeps lang/, res/ and the character tables,
+    // read only; empty: the program's folder holds them too.
+    QString dataDir;
 
     // How many fields and free texts the model in force has.
     int camposModelo() const { return ModeloNuevo ? 36 : 25; }

@@ -1,5 +1,6 @@
 #include "FondoSuperficie.h"
 
+#include "FileSystem.h"
 #include "ModBase.h"
 #include "UserInteraction.h"
 
@@ -17,7 +18,7 @@ FondoSuperficie::FondoSuperficie(ModBase& mb, UserInteraction& ui, CargadorFondo
 
 QString FondoSuperficie::rutaParrilla() const
 {
-    return QDir(m_mb.programDir).filePath(QStringLiteral("res/parrilla.bmp"));
+    return fs::inDataDir(m_mb, QStringLiteral("res/parrilla.bmp"));
 }
 
 void FondoSuperficie::cargarRuta()

@@ -35,7 +35,7 @@ void cargaArchivo(const ModBase& mb, ItemVista& item, const QString& archivo)
 {
     // Loaded afresh each time: the files beside the program may change.
     item.imagen = std::make_shared<const Picture>(
-        loadPicture(fs::inProgramDir(mb, QStringLiteral("res/") + archivo)));
+        loadPicture(fs::inDataDir(mb, QStringLiteral("res/") + archivo)));
     item.origen = archivo;
 }
 

@@ -1,4 +1,5 @@
 #include "Arranque.h"
+#include "CarpetaPrograma.h"
 #include "Catalogo.h"
 #include "ModBase.h"
 #include "ProgramDir.h"
@@ -75,6 +76,76 @@ private slots:
         QVERIFY(!mb.Modificado && !mb.PesoAproximado && !mb.ArchivoConocido && !tried);
         QCOMPARE(mb.CargaTXL, int16_t(1));
         QVERIFY(ui.log.isEmpty());
+    }
+
+    // Which folders a run takes: unpacked, the executable's own; installed
+    // (a marker beside the data, in the executable's folder or in
+    // ../share/korvo), the person's own under the data home.
+    void carpetas_data()
+    {
+        QTest::addColumn<QString>("marca");    // where the marker is, below the root; "" none
+        QTest::addColumn<QString>("xdg");      // XDG_DATA_HOME
+        QTest::addColumn<QString>("programa"); // expected, "ROOT" and "HOME" replaced
+        QTest::addColumn<QString>("datos");
+        QTest::newRow("unpacked") << "" << "" << "ROOT/bin" << "ROOT/bin";
+        QTest::newRow("marker beside the program")
+            << "bin" << "/xdg" << "/xdg/korvo" << "ROOT/bin";
+        QTest::newRow("marker in share/korvo, no XDG_DATA_HOME")
+            << "share/korvo" << "" << "HOME/.local/share/korvo" << "ROOT/share/korvo";
+        QTest::newRow("a relative XDG_DATA_HOME is ignored")
+            << "share/korvo" << "rel" << "HOME/.local/share/korvo" << "ROOT/share/korvo";
+    }
+
+    void carpetas()
+    {
+        QFETCH(QString, marca);
+        QFETCH(QString, xdg);
+        QFETCH(QString, programa);
+        QFETCH(QString, datos);
+        QTemporaryDir raiz;
+        QDir(raiz.path()).mkpath("bin");
+        if (!marca.isEmpty()) {
+            QDir(raiz.path()).mkpath(marca);
+            QFile(raiz.filePath(marca + "/" + CarpetasPrograma::marca())).open(QIODevice::WriteOnly);
+        }
+        QProcessEnvironment entorno;
+        entorno.insert("HOME", "/home/ana");
+        if (!xdg.isEmpty())
+            entorno.insert("XDG_DATA_HOME", xdg);
+        const CarpetasPrograma c = carpetasPrograma(raiz.filePath("bin"), entorno);
+        const auto ruta = [&](QString r) {
+            return r.replace("ROOT", raiz.path()).replace("HOME", "/home/ana");
+        };
+        QCOMPARE(c.programa, ruta(programa));
+        QCOMPARE(c.datos, ruta(datos));
+        QCOMPARE(c.instalada, !marca.isEmpty());
+    }
+
+    // The person's folder is made from the installation's defaults at the
+    // first start and left alone after; one that cannot be made is told by
+    // its name, and nothing is left half there.
+    void carpetaDeLaPersona()
+    {
+        QTemporaryDir raiz;
+        CarpetasPrograma c;
+        c.instalada = true;
+        c.datos = raiz.filePath("share");
+        c.programa = raiz.filePath("home/korvo");
+        QDir(raiz.path()).mkpath("share/defaults");
+        QFile marca(raiz.filePath("share/defaults/sirel.new"));
+        QVERIFY(marca.open(QIODevice::WriteOnly));
+        marca.close();
+        QCOMPARE(prepararCarpetaPrograma(c), QString());
+        QVERIFY(QFileInfo::exists(c.programa + "/sirel.new"));
+        // The model switched to old by the person stays old.
+        QFile::remove(c.programa + "/sirel.new");
+        QCOMPARE(prepararCarpetaPrograma(c), QString());
+        QVERIFY(!QFileInfo::exists(c.programa + "/sirel.new"));
+        QFile cerrada(raiz.filePath("cerrada"));
+        QVERIFY(cerrada.open(QIODevice::WriteOnly)); // a file where a folder should be
+        cerrada.close();
+        c.programa = raiz.filePath("cerrada/korvo");
+        QVERIFY(prepararCarpetaPrograma(c).contains(QDir::toNativeSeparators(c.programa)));
     }
 };
 

@@ -163,7 +163,7 @@ QByteArray AdapTaCharGR(const ModBase& mb, TablaCaracteres& tabla, const QByteAr
     // Read anew on every call, so a table corrected beside the program takes
     // effect at once. Without the file the table keeps what it had.
     if (archivo) {
-        const QString ruta = fs::inProgramDir(mb, QString::fromLatin1(archivo));
+        const QString ruta = fs::inDataDir(mb, QString::fromLatin1(archivo));
         if (fs::fileExists(ruta))
             leerTablaCaracteres(fs::readAll(ruta), lineasTablaCaracteres(mb.Idioma), tabla);
     }
