@@ -5,7 +5,9 @@ JOBS      ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
 MONKEY_MINUTES ?= 30
 
-.PHONY: all deps configure build run test bench fuzz monkey clean
+WINBUILD  ?= build-windows
+
+.PHONY: all deps configure build run test bench fuzz monkey clean windows windows-test
 
 all: build
 
@@ -43,5 +45,17 @@ monkey: deps
 	cmake --build $(FUZZBUILD) -j $(JOBS) --target korvo-monkey
 	$(FUZZBUILD)/bin/korvo-monkey --minutes $(MONKEY_MINUTES) --keep monkey-failures
 
+# Korvo for Windows, cross-built here: dist/korvo-<version>-win64.zip and
+# dist/korvo-<version>-setup.exe. Qt, SQLite and libuemf for Windows are
+# built once from Debian's sources and kept in ~/.cache/korvo-windows.
+windows: build
+	@scripts/install-deps windows
+	scripts/make-windows $(WINBUILD) $(BUILD)
+
+# The Windows build's tests under Wine, and a transfer from korvo-cli.exe
+# through a COM port to the virtual scale. Not part of `make test`.
+windows-test: windows
+	scripts/test-windows $(WINBUILD) $(BUILD)
+
 clean:
-	rm -rf $(BUILD) $(BUILD)-bench $(FUZZBUILD)
+	rm -rf $(BUILD) $(BUILD)-bench $(FUZZBUILD) $(WINBUILD) dist
