@@ -4,6 +4,10 @@
 
 #include <QGuiApplication>
 #include <cstdio>
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
 #include <functional>
 #include <map>
 
@@ -36,6 +40,12 @@ int main(int argc, char** argv)
     // The companion shows no window; the preview's drawing still needs the
     // fonts of a GUI application, which the offscreen platform gives anywhere.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+#ifdef _WIN32
+    // What the companion prints is the same bytes on every system: no
+    // carriage return put before each line feed.
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+#endif
     QGuiApplication app(argc, argv);
     QStringList args = app.arguments().mid(1);
     if (args.isEmpty() || args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
