@@ -39,3 +39,20 @@ QString nombrePuerto(const QString& programDir, int numero)
     return QStringLiteral("/dev/ttyS%1").arg(numero - 1);
 #endif
 }
+
+QString PuertoDispositivoBase::nombre() const
+{
+    return m_dispositivo.isEmpty() ? nombrePuerto(m_programDir, m_numero) : m_dispositivo;
+}
+
+void PuertoDispositivoBase::fallar(FalloPuerto::Tipo tipo, const QString& detalle,
+                                   FalloPuerto::Ajuste ajuste)
+{
+    m_fallo.tipo = tipo;
+    m_fallo.ajuste = ajuste;
+    m_fallo.ajustes = m_ajustes;
+    // The device in use, not what the name would resolve to now: a device
+    // that went away may have taken its link with it.
+    m_fallo.nombre = m_enUso.isEmpty() ? nombre() : m_enUso;
+    m_fallo.detalle = detalle;
+}

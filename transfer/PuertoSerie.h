@@ -87,6 +87,41 @@ signals:
     void averia();
 };
 
+// What every serial device of the machine shares, whatever reaches it:
+// COM1 to COM4 by their number, or a device named outright (the number then
+// no longer counts), the settings asked for, and why it failed.
+class PuertoDispositivoBase : public PuertoSerie {
+    Q_OBJECT
+
+public:
+    PuertoDispositivoBase(const QString& programDir, QObject* parent)
+        : PuertoSerie(parent), m_programDir(programDir)
+    {
+    }
+
+    // An explicit device, for the command line.
+    void setDevice(const QString& device) { m_dispositivo = device; }
+    // The device that an opening would use now.
+    QString nombre() const;
+
+    void setSettings(const AjustesLinea& ajustes) override { m_ajustes = ajustes; }
+    void setCommPort(int numero) override { m_numero = numero; }
+    FalloPuerto fallo() const override { return m_fallo; }
+
+protected:
+    void fallar(FalloPuerto::Tipo tipo, const QString& detalle,
+                FalloPuerto::Ajuste ajuste = FalloPuerto::Ajuste::Velocidad);
+
+    QString m_enUso; // the device of the last opening
+    AjustesLinea m_ajustes;
+    FalloPuerto m_fallo;
+
+private:
+    QString m_programDir;
+    QString m_dispositivo;
+    int m_numero = 1;
+};
+
 // The device of port number 1..4 for a program folder: "COM1".."COM4" on
 // Windows; elsewhere the program folder's dosdevices/comN link where there
 // is one (as Wine has it), else /dev/ttyS0../dev/ttyS3.

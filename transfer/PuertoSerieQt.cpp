@@ -50,7 +50,7 @@ bool ajusteVigente(qintptr handle, FalloPuerto::Ajuste ajuste, const AjustesLine
 } // namespace
 
 PuertoSerieQt::PuertoSerieQt(const QString& programDir, QObject* parent)
-    : PuertoSerie(parent), m_programDir(programDir)
+    : PuertoDispositivoBase(programDir, parent)
 {
     connect(&m_puerto, &QSerialPort::readyRead, this, &PuertoSerie::readyRead);
     connect(&m_puerto, &QSerialPort::errorOccurred, this, &PuertoSerieQt::errorDelPuerto);
@@ -59,23 +59,6 @@ PuertoSerieQt::PuertoSerieQt(const QString& programDir, QObject* parent)
 PuertoSerieQt::~PuertoSerieQt()
 {
     close();
-}
-
-QString PuertoSerieQt::nombre() const
-{
-    return m_dispositivo.isEmpty() ? nombrePuerto(m_programDir, m_numero) : m_dispositivo;
-}
-
-void PuertoSerieQt::fallar(FalloPuerto::Tipo tipo, const QString& detalle,
-                           FalloPuerto::Ajuste ajuste)
-{
-    m_fallo.tipo = tipo;
-    m_fallo.ajuste = ajuste;
-    m_fallo.ajustes = m_ajustes;
-    // The device in use, not what the name would resolve to now: a device
-    // that went away may have taken its link with it.
-    m_fallo.nombre = m_enUso.isEmpty() ? nombre() : m_enUso;
-    m_fallo.detalle = detalle;
 }
 
 bool PuertoSerieQt::open()

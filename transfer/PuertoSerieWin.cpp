@@ -25,7 +25,7 @@ HANDLE manejador(void* h) { return static_cast<HANDLE>(h); }
 } // namespace
 
 PuertoSerieWin::PuertoSerieWin(const QString& programDir, QObject* parent)
-    : PuertoSerie(parent), m_programDir(programDir)
+    : PuertoDispositivoBase(programDir, parent)
 {
     m_reloj.setInterval(1);
     m_reloj.setTimerType(Qt::PreciseTimer);
@@ -35,21 +35,6 @@ PuertoSerieWin::PuertoSerieWin(const QString& programDir, QObject* parent)
 PuertoSerieWin::~PuertoSerieWin()
 {
     close();
-}
-
-QString PuertoSerieWin::nombre() const
-{
-    return m_dispositivo.isEmpty() ? nombrePuerto(m_programDir, m_numero) : m_dispositivo;
-}
-
-void PuertoSerieWin::fallar(FalloPuerto::Tipo tipo, const QString& detalle,
-                            FalloPuerto::Ajuste ajuste)
-{
-    m_fallo.tipo = tipo;
-    m_fallo.ajuste = ajuste;
-    m_fallo.ajustes = m_ajustes;
-    m_fallo.nombre = m_enUso.isEmpty() ? nombre() : m_enUso;
-    m_fallo.detalle = detalle;
 }
 
 bool PuertoSerieWin::open()

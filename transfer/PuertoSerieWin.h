@@ -13,40 +13,26 @@
 // a millisecond apart: the same on Windows and under Wine on a
 // pseudo-terminal, where the port's own notice of arriving bytes never
 // comes and a read that waits never returns.
-class PuertoSerieWin : public PuertoSerie {
+class PuertoSerieWin : public PuertoDispositivoBase {
     Q_OBJECT
 
 public:
     explicit PuertoSerieWin(const QString& programDir, QObject* parent = nullptr);
     ~PuertoSerieWin() override;
 
-    void setDevice(const QString& device) { m_dispositivo = device; }
-    QString nombre() const;
-
-    void setSettings(const AjustesLinea& ajustes) override { m_ajustes = ajustes; }
-    void setCommPort(int numero) override { m_numero = numero; }
     bool portOpen() const override { return m_handle != nullptr; }
     bool open() override;
     void close() override;
     bool output(const QByteArray& trama) override;
     int inBufferCount() const override;
     QByteArray input() override;
-    FalloPuerto fallo() const override { return m_fallo; }
 
 private:
-    void fallar(FalloPuerto::Tipo tipo, const QString& detalle,
-                FalloPuerto::Ajuste ajuste = FalloPuerto::Ajuste::Velocidad);
     // Takes what the device holds into the buffer; false when it failed.
     bool leer();
     void mirar();
 
-    QString m_programDir;
-    QString m_dispositivo;
-    QString m_enUso;
-    int m_numero = 1;
-    AjustesLinea m_ajustes;
     void* m_handle = nullptr; // the device's HANDLE while open
     QByteArray m_entrada;
     QTimer m_reloj;
-    FalloPuerto m_fallo;
 };
