@@ -36,6 +36,12 @@ private:
     QHash<char16_t, char> m_fromUnicode;
 };
 
+// Text in a code page the platform knows, by its name ("windows-1251",
+// "Shift_JIS"), for pictures whose texts name their character set: Qt's ICU
+// converters, or Windows' own code pages where Qt has no ICU. `conocida`
+// tells whether the platform has that page.
+QString decodificarPagina(const char* nombre, QByteArrayView bytes, bool* conocida = nullptr);
+
 // Shorthands for the language in force.
 QByteArray encodeFor(int16_t idioma, QStringView text);
 QString decodeFor(int16_t idioma, QByteArrayView bytes);

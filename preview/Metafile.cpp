@@ -1,5 +1,7 @@
 #include "Metafile.h"
 
+#include "CodePage.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -117,10 +119,10 @@ const char* codecForCharset(int charset)
 
 QString decode8(const char* s, size_t n, int charset)
 {
-    QStringDecoder dec(codecForCharset(charset));
-    if (!dec.isValid())
-        return QString::fromLatin1(s, static_cast<qsizetype>(n));
-    return dec.decode(QByteArrayView(s, static_cast<qsizetype>(n)));
+    const QByteArrayView bytes(s, static_cast<qsizetype>(n));
+    bool conocida = false;
+    const QString texto = decodificarPagina(codecForCharset(charset), bytes, &conocida);
+    return conocida ? texto : QString::fromLatin1(bytes.data(), bytes.size());
 }
 
 // A packed bitmap (the info block, its colours, the pixels) as a QImage,
