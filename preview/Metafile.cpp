@@ -1,6 +1,7 @@
 #include "Metafile.h"
 
 #include "CodePage.h"
+#include "Fuentes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -698,6 +699,7 @@ bool paraElMotorDeFuentes(const QTransform& glyph, qreal em)
 
 void drawText(QPainter& painter, const Metafile::Text& t)
 {
+    asegurarFuentes();
     // Fonts are made at a fixed size and scaled, so that a text of a few
     // hundredths of a millimetre or of a few thousand units draws the same.
     constexpr qreal kBase = 100;

@@ -1,6 +1,7 @@
 #include "RenderVista.h"
 
 #include "FileSystem.h"
+#include "Fuentes.h"
 #include "RuntimeError.h"
 #include "VistaPrevia.h"
 
@@ -84,6 +85,7 @@ QByteArray pdf(const EscenaVista& e)
 
 void dibujarVistaPrevia(QPainter& painter, const EscenaVista& e, qreal unidadesPorMm)
 {
+    asegurarFuentes();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::TextAntialiasing);

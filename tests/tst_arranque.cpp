@@ -112,6 +112,12 @@ private slots:
         entorno.insert("HOME", "/home/ana");
         if (!xdg.isEmpty())
             entorno.insert("XDG_DATA_HOME", xdg);
+#ifdef Q_OS_WIN
+        // Windows has one place for it, whatever XDG says.
+        entorno.insert("LOCALAPPDATA", "C:/Users/ana/AppData/Local");
+        if (!marca.isEmpty())
+            programa = "C:/Users/ana/AppData/Local/Korvo";
+#endif
         const CarpetasPrograma c = carpetasPrograma(raiz.filePath("bin"), entorno);
         const auto ruta = [&](QString r) {
             return r.replace("ROOT", raiz.path()).replace("HOME", "/home/ana");

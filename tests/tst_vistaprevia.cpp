@@ -139,8 +139,10 @@ private slots:
         QTest::addColumn<QByteArrayList>("contiene");
         QTest::newRow("png") << "v.png"
                              << QByteArrayList{QByteArray("IHDR\0\0\x02\xa1\0\0\x02\xc5", 12)};
+#ifdef KORVO_SVG
         QTest::newRow("svg") << "v.svg"
                              << QByteArrayList{"viewBox=\"0 0 57 60\"", "width=\"57mm\""};
+#endif
         QTest::newRow("pdf") << "v.PDF" << QByteArrayList{"/MediaBox [0 0 162.000000 170.000000]"};
     }
 

@@ -1,5 +1,7 @@
 #include "Cuadro.h"
 
+#include "Fuentes.h"
+
 #include "EditorEtiqueta.h"
 #include "Picture.h"
 
@@ -40,6 +42,19 @@ void Cuadro::setZoom(double factor)
     update();
 }
 
+namespace {
+
+// The surface is a drawing, like the preview: its captions and numbers are
+// in the face the label's pictures use, the same on every system, so that
+// what fits a box on one fits it on all.
+QFont fuenteSuperficie()
+{
+    asegurarFuentes();
+    return QFont(QStringLiteral("DejaVu Sans"));
+}
+
+} // namespace
+
 Cuadro::Cuadro(EditorEtiqueta& editor, const Picture& fondo, QWidget* parent)
     : QWidget(parent), m_editor(editor), m_fondo(fondo)
 {
@@ -79,10 +94,14 @@ QFont Cuadro::fuenteCaja(int n) const
     const QString& caption = m_editor.superficie.Imagen(n).caption;
     const double ancho = rectTexto(n).width();
     const double escala = m_zoom / kZoomInicial;
-    QFont f = font();
+    QFont f = fuenteSuperficie();
     for (int tamano = qRound(11 * escala); tamano >= std::max(5, qRound(7 * escala)); --tamano) {
         f.setPixelSize(tamano);
-        if (QFontMetricsF(f).horizontalAdvance(caption) <= ancho)
+        // Measured as it is drawn: where the system rounds each letter to
+        // whole pixels (hinted fonts on Windows), the whole-pixel sum.
+        const qreal necesita = std::max<qreal>(QFontMetricsF(f).horizontalAdvance(caption),
+                                               QFontMetrics(f).horizontalAdvance(caption));
+        if (necesita <= ancho)
             break;
     }
     return f;
@@ -265,7 +284,7 @@ void Regla::setPaso(double px)
 
 QFont Regla::fuente() const
 {
-    QFont f = font();
+    QFont f = fuenteSuperficie();
     f.setPixelSize(9);
     return f;
 }

@@ -1,5 +1,7 @@
 #include "KorvoApplication.h"
 
+#include "Fuentes.h"
+
 #include "QtInteraction.h"
 #include "Recuperacion.h"
 #include "RuntimeError.h"
@@ -11,6 +13,7 @@
 KorvoApplication::KorvoApplication(int& argc, char** argv) : QApplication(argc, argv)
 {
     setApplicationName(QStringLiteral("Korvo"));
+    asegurarFuentes();
 }
 
 bool KorvoApplication::notify(QObject* receiver, QEvent* event)
