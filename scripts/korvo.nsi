@@ -7,6 +7,8 @@
 ;          -DOUTFILE=<setup.exe> korvo.nsi
 
 Unicode true
+; A 64-bit installer for a 64-bit program (and one that Wine64 runs alone).
+Target amd64-unicode
 SetCompressor /SOLID lzma
 RequestExecutionLevel user
 Name "Korvo ${VERSION}"

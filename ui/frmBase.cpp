@@ -666,7 +666,9 @@ QSize frmBase::tamanoDeseado() const
     // Menu bar, tool bar and status bar above and below the content.
     const QSize chrome(0, menuBar()->sizeHint().height() + m_toolbar->sizeHint().height() +
                               statusBar()->sizeHint().height());
-    return m_lienzo->minimumSizeHint() + chrome;
+    // And the scroll area's own frame, which some styles draw (Windows').
+    const int marco = 2 * m_area->frameWidth();
+    return m_lienzo->minimumSizeHint() + chrome + QSize(marco, marco);
 }
 
 void frmBase::situarRecordada()
