@@ -18,7 +18,7 @@ int main(int argc, char** argv)
     // in the file manager) is opened once the first label is made. Qt has
     // taken its own options out already.
     const QStringList argumentos = QCoreApplication::arguments().mid(1);
-    VentanasQt ventanas(ui, argumentos.isEmpty() ? QString()
-                                                : QFileInfo(argumentos.first()).absoluteFilePath());
+    VentanasQt ventanas(
+        ui, argumentos.isEmpty() ? QString() : QFileInfo(argumentos.first()).absoluteFilePath());
     return Main(mb, ui, ventanas);
 }

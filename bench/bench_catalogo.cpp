@@ -4,11 +4,11 @@
 #include "Configuracion.h"
 #include "ModBase.h"
 
+#include <benchmark/benchmark.h>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 
 namespace {
 
@@ -38,7 +38,8 @@ void BM_CargarTextos_grande(benchmark::State& state)
         CatalogueRow r;
         r.id = id;
         for (int c = 1; c <= 8; ++c)
-            r.texts.append(QStringLiteral("Texto de prueba número %1 en la lengua %2").arg(id).arg(c));
+            r.texts.append(
+                QStringLiteral("Texto de prueba número %1 en la lengua %2").arg(id).arg(c));
         rows.append(r);
     }
     writeCatalogueDatabase(dir.filePath("lang/lang.db"), rows);

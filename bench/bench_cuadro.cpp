@@ -11,10 +11,10 @@
 #include "Picture.h"
 #include "SinVentana.h"
 
+#include <benchmark/benchmark.h>
 #include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
-#include <benchmark/benchmark.h>
 
 namespace {
 
@@ -48,15 +48,15 @@ void arrastreYRepintado(benchmark::State& state)
     s.cuadro.setZoom(state.range(0) / 100.0);
     QImage imagen(s.cuadro.size(), QImage::Format_ARGB32_Premultiplied);
     const QPointF agarre = s.cuadro.rectCaja(12).center();
-    QMouseEvent pulsa(QEvent::MouseButtonPress, agarre, s.cuadro.mapToGlobal(agarre), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent pulsa(QEvent::MouseButtonPress, agarre, s.cuadro.mapToGlobal(agarre),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&s.cuadro, &pulsa);
     double x = s.cuadro.puntoDe(10, 0).x();
     const double y = s.cuadro.puntoDe(0, 30).y();
     for (auto _ : state) {
         const QPointF p(x, y);
-        QMouseEvent mueve(QEvent::MouseMove, p, s.cuadro.mapToGlobal(p), Qt::NoButton, Qt::LeftButton,
-                          Qt::NoModifier);
+        QMouseEvent mueve(QEvent::MouseMove, p, s.cuadro.mapToGlobal(p), Qt::NoButton,
+                          Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&s.cuadro, &mueve);
         s.cuadro.render(&imagen);
         x = x > s.cuadro.puntoDe(40, 0).x() ? s.cuadro.puntoDe(10, 0).x() : x + 3;

@@ -4,8 +4,8 @@
 // line's own time, and a fleet of scales at once.
 #include "Catalogo.h"
 #include "Envio.h"
-#include "ModBase.h"
 #include "Flota.h"
+#include "ModBase.h"
 #include "PuertoSerieQt.h"
 #include "PuertoTcp.h"
 #include "UserInteraction.h"

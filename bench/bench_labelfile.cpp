@@ -8,11 +8,11 @@
 #include "RuntimeError.h"
 #include "TextLines.h"
 
+#include <benchmark/benchmark.h>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
 namespace {
@@ -27,7 +27,8 @@ struct Program {
     Program()
     {
         QDir(dir.path()).mkpath("lang");
-        QFile::copy(QCoreApplication::applicationDirPath() + "/lang/lang.db", dir.filePath("lang/lang.db"));
+        QFile::copy(QCoreApplication::applicationDirPath() + "/lang/lang.db",
+                    dir.filePath("lang/lang.db"));
         mb.programDir = dir.path();
         mb.Idioma = 1;
         mb.ModeloNuevo = 1;

@@ -1,29 +1,29 @@
 #include "Cli.h"
 
+#include "CarpetaPrograma.h"
 #include "Catalogo.h"
 #include "CodePage.h"
 #include "Comprobacion.h"
-#include "CarpetaPrograma.h"
 #include "Configuracion.h"
-#include "FileSystem.h"
 #include "Envio.h"
+#include "FileSystem.h"
 #include "Flota.h"
 #include "PuertoTcp.h"
 #include "RenderVista.h"
 #include "TextLines.h"
 
+#include <cstdio>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
-#include <cstdio>
 
 namespace {
 // A progress bar is being drawn on the current line of stderr.
 bool g_barraActiva = false;
-}
+} // namespace
 
 void ConsoleInteraction::message(const QString& text)
 {
@@ -53,7 +53,6 @@ bool takeFlag(QStringList& args, const QString& name)
 {
     return args.removeAll(name) > 0;
 }
-
 
 void CliContext::configure(QStringList& args)
 {
@@ -119,11 +118,13 @@ void CliContext::load(const QString& path, const QString& label)
         const int minimo = mb.ModeloNuevo ? 3 : 1;
         if (!m.hasMatch() || m.captured(2).toInt() < minimo)
             throw UsageError(qPrintable(
-                QStringLiteral("--label takes a kind and a number, V%1..V5 or T%1..T5 in the %2 model")
+                QStringLiteral(
+                    "--label takes a kind and a number, V%1..V5 or T%1..T5 in the %2 model")
                     .arg(minimo)
                     .arg(mb.ModeloNuevo ? "new" : "old")));
         const int numero = m.captured(2).toInt();
-        p = m.captured(1).toUpper() == QLatin1String("V") ? numero : numero + (mb.ModeloNuevo ? 3 : 5);
+        p = m.captured(1).toUpper() == QLatin1String("V") ? numero
+                                                          : numero + (mb.ModeloNuevo ? 3 : 5);
     }
     files.ArchivoConjunto = path;
     files.leerArchivoConjunto(path);
@@ -195,7 +196,8 @@ int cmdShow(CliContext& ctx, QStringList args)
         return 0;
     }
     QString out;
-    out += QStringLiteral("TipoEtiqueta   %1\nNumEtiqueta    %2\nAnchoEtiqueta  %3\nNombreEtiqueta \"%4\"\n")
+    out += QStringLiteral(
+               "TipoEtiqueta   %1\nNumEtiqueta    %2\nAnchoEtiqueta  %3\nNombreEtiqueta \"%4\"\n")
                .arg(texto(ctx, mb.TipoEtiqueta), texto(ctx, mb.NumEtiqueta),
                     texto(ctx, mb.AnchoEtiqueta), texto(ctx, mb.NombreEtiqueta));
     for (int i = 0; i < mb.textosLibresModelo(); ++i)
@@ -204,7 +206,8 @@ int cmdShow(CliContext& ctx, QStringList args)
                    .arg(i + 1 < 10 ? QStringLiteral(" ") : QString())
                    .arg(texto(ctx, mb.TextoLibre(i)));
     for (int i = 0; i < 2; ++i)
-        out += QStringLiteral("TextoFijo %1    \"%2\"\n").arg(i + 1).arg(texto(ctx, mb.TextoFijo(i)));
+        out +=
+            QStringLiteral("TextoFijo %1    \"%2\"\n").arg(i + 1).arg(texto(ctx, mb.TextoFijo(i)));
     out += QStringLiteral("Campos  Codigo PosHor PosVer TextoHor TextoVer Tamano Presente\n");
     for (int n = 1; n <= mb.camposModelo(); ++n) {
         const Campo& c = mb.Campos(n);
@@ -246,13 +249,17 @@ int cmdCheck(CliContext& ctx, QStringList args)
             ++found;
             continue;
         }
-        const QList<Hallazgo> hallazgos =
-            comprobarArchivo(splitLines(fs::readAll(file)), !esArchivoEtiqueta(file), ctx.mb.ModeloNuevo);
+        const QList<Hallazgo> hallazgos = comprobarArchivo(
+            splitLines(fs::readAll(file)), !esArchivoEtiqueta(file), ctx.mb.ModeloNuevo);
         for (const Hallazgo& h : hallazgos) {
             if (h.linea == 0)
                 print(QStringLiteral("%1: %2\n").arg(file, h.texto));
             else
-                print(QStringLiteral("%1:%2:%3: %4\n").arg(file).arg(h.linea).arg(h.columna).arg(h.texto));
+                print(QStringLiteral("%1:%2:%3: %4\n")
+                          .arg(file)
+                          .arg(h.linea)
+                          .arg(h.columna)
+                          .arg(h.texto));
         }
         found += hallazgos.size();
     }
@@ -279,8 +286,9 @@ int16_t indiceDe(const QString& value, const QStringList& choices, const char* o
 {
     const int at = choices.indexOf(value.toUpper());
     if (at < 0)
-        throw UsageError(qPrintable(QStringLiteral("%1 takes %2").arg(QLatin1String(option),
-                                                                     choices.join(QLatin1Char('|')))));
+        throw UsageError(
+            qPrintable(QStringLiteral("%1 takes %2")
+                           .arg(QLatin1String(option), choices.join(QLatin1Char('|')))));
     return static_cast<int16_t>(at);
 }
 
@@ -358,7 +366,8 @@ int enviarPorPuerto(CliContext& ctx, const QString& port, const QList<EtiquetaEn
             traza->nota(port, e.nombre + (resultado == 0 ? QStringLiteral(": accepted")
                                                          : QStringLiteral(": failed")));
         if (porEtiqueta)
-            print(e.nombre + (resultado == 0 ? QStringLiteral("\tok\n") : QStringLiteral("\tfailed\n")));
+            print(e.nombre +
+                  (resultado == 0 ? QStringLiteral("\tok\n") : QStringLiteral("\tfailed\n")));
         if (resultado != 0)
             return 1;
     }
@@ -396,9 +405,11 @@ int enviarAFlota(CliContext& ctx, const QList<BalanzaLista>& balanzas,
     bool todas = true;
     for (int i = 0; i < flota.cuantas(); ++i) {
         const Flota::Resultado& r = flota.resultado(i);
-        QString linea = flota.balanza(i).nombre + (r.ok ? QStringLiteral("\tok") : QStringLiteral("\tfailed\t"));
+        QString linea = flota.balanza(i).nombre +
+                        (r.ok ? QStringLiteral("\tok") : QStringLiteral("\tfailed\t"));
         if (!r.ok)
-            linea += (etiquetas.size() > 1 ? r.etiqueta + QStringLiteral(": ") : QString()) + r.mensaje;
+            linea +=
+                (etiquetas.size() > 1 ? r.etiqueta + QStringLiteral(": ") : QString()) + r.mensaje;
         print(linea + '\n');
         todas = todas && r.ok;
     }

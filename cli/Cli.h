@@ -4,8 +4,8 @@
 #include "ModBase.h"
 #include "UserInteraction.h"
 
-#include <QStringList>
 #include <memory>
+#include <QStringList>
 #include <stdexcept>
 
 // A mistake in how the command was called: said on stderr, exit 2.

@@ -2,8 +2,8 @@
 #include "Cli.h"
 #include "RuntimeError.h"
 
-#include <QGuiApplication>
 #include <cstdio>
+#include <QGuiApplication>
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
@@ -27,7 +27,8 @@ const char* const kUsage =
     "                                    sends the label, or every label of the set in turn,\n"
     "                                    to a scale or to every scale of LIST at once; PORT is\n"
     "                                    a device, COM1..COM4 or tcp://HOST:PORT; LIST is CSV\n"
-    "                                    with the header name,port,equipo[,baud,parity,data,stop];\n"
+    "                                    with the header "
+    "name,port,equipo[,baud,parity,data,stop];\n"
     "                                    OUT gets every frame and reply with its time\n"
     "\n"
     "FILE is a set file or a label file, told apart by the next-to-last character\n"
@@ -48,17 +49,15 @@ int main(int argc, char** argv)
 #endif
     QGuiApplication app(argc, argv);
     QStringList args = app.arguments().mid(1);
-    if (args.isEmpty() || args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
+    if (args.isEmpty() || args.contains(QStringLiteral("--help")) ||
+        args.contains(QStringLiteral("-h"))) {
         std::fputs(kUsage, args.isEmpty() ? stderr : stdout);
         return args.isEmpty() ? 2 : 0;
     }
     const std::map<QString, std::function<int(CliContext&, QStringList)>> commands = {
-        {QStringLiteral("show"), cmdShow},
-        {QStringLiteral("export"), cmdExport},
-        {QStringLiteral("check"), cmdCheck},
-        {QStringLiteral("preview"), cmdPreview},
-        {QStringLiteral("frames"), cmdFrames},
-        {QStringLiteral("send"), cmdSend},
+        {QStringLiteral("show"), cmdShow},     {QStringLiteral("export"), cmdExport},
+        {QStringLiteral("check"), cmdCheck},   {QStringLiteral("preview"), cmdPreview},
+        {QStringLiteral("frames"), cmdFrames}, {QStringLiteral("send"), cmdSend},
     };
     CliContext ctx;
     try {

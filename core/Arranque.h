@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
 #include <cstdint>
 #include <functional>
+#include <QByteArray>
+#include <QString>
 
 struct ModBase;
 class UserInteraction;

@@ -8,8 +8,7 @@
 // A fixed array addressed by the program's own numbering (fields 1..36, free
 // texts 0..14, pending marks 1..15). An index outside the bounds is the
 // program's "Subscript out of range", never undefined behaviour.
-template <typename T, int Lower, int Upper>
-class BoundedArray {
+template <typename T, int Lower, int Upper> class BoundedArray {
     static_assert(Lower <= Upper);
 
 public:

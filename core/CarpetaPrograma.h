@@ -12,8 +12,8 @@
 // program folder of their own, filled from the installation's defaults at
 // the first start.
 struct CarpetasPrograma {
-    QString programa;      // cfg.ini, sirel.new, ventana.ini, scales.csv, recovery/
-    QString datos;         // lang/, res/, the character tables
+    QString programa; // cfg.ini, sirel.new, ventana.ini, scales.csv, recovery/
+    QString datos;    // lang/, res/, the character tables
     bool instalada = false;
 
     // The marker an installation puts beside its data.
@@ -28,9 +28,9 @@ struct CarpetasPrograma {
 // beside it when the marker is there (Debian). The person's folder is
 // %LOCALAPPDATA%\Korvo on Windows, $XDG_DATA_HOME/korvo elsewhere
 // (~/.local/share/korvo when that is unset or not absolute).
-CarpetasPrograma carpetasPrograma(const QString& dirEjecutable,
-                                  const QProcessEnvironment& entorno =
-                                      QProcessEnvironment::systemEnvironment());
+CarpetasPrograma
+carpetasPrograma(const QString& dirEjecutable,
+                 const QProcessEnvironment& entorno = QProcessEnvironment::systemEnvironment());
 
 // The person's program folder of an installed program, made and filled
 // from the installation's defaults when it is missing (the first start);

@@ -53,7 +53,8 @@ private:
     if (why.contains(QLatin1String("no such column")))
         throw RuntimeError(3061, QStringLiteral("Too few parameters. Expected 1."));
     if (why.contains(QLatin1String("no such table")))
-        throw RuntimeError(3078, QStringLiteral("The input table or query 'texts' cannot be found."));
+        throw RuntimeError(3078,
+                           QStringLiteral("The input table or query 'texts' cannot be found."));
     throw RuntimeError(3000, QStringLiteral("Reserved error: %1").arg(why));
 }
 
@@ -195,7 +196,8 @@ bool writeCatalogueDatabase(const QString& path, const QList<CatalogueRow>& rows
         return fail(QStringLiteral("cannot replace %1").arg(path));
 
     static QAtomicInt counter;
-    const QString name = QStringLiteral("korvo-catalogue-writer-%1").arg(counter.fetchAndAddRelaxed(1));
+    const QString name =
+        QStringLiteral("korvo-catalogue-writer-%1").arg(counter.fetchAndAddRelaxed(1));
     bool done = false;
     QString why;
     {
@@ -209,7 +211,8 @@ bool writeCatalogueDatabase(const QString& path, const QList<CatalogueRow>& rows
             done = q.exec(QStringLiteral("CREATE TABLE texts (id INTEGER PRIMARY KEY, %1)")
                               .arg(columns.join(QStringLiteral(", "))));
             done = done && db.transaction();
-            done = done && q.prepare(QStringLiteral("INSERT INTO texts VALUES (?,?,?,?,?,?,?,?,?)"));
+            done =
+                done && q.prepare(QStringLiteral("INSERT INTO texts VALUES (?,?,?,?,?,?,?,?,?)"));
             for (const CatalogueRow& row : rows) {
                 if (!done)
                     break;
@@ -233,8 +236,8 @@ bool writeCatalogueDatabase(const QString& path, const QList<CatalogueRow>& rows
 QString captionIdioma(int idioma)
 {
     static const char* const captions[] = {
-        "&Español", "E&nglish", "&Português", "&Dutch",
-        "&Français", "&Italiano", "&Griego", "P&olska",
+        "&Español",  "E&nglish",  "&Português", "&Dutch",
+        "&Français", "&Italiano", "&Griego",    "P&olska",
     };
     if (idioma < 1 || idioma > 8)
         throw RuntimeError::subscriptOutOfRange();

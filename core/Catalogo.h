@@ -1,10 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
-#include <cstdint>
 
 struct ModBase;
 

@@ -5,8 +5,8 @@
 #ifdef Q_OS_WIN
 #include <windows.h>
 
-#include <QHash>
 #include <algorithm>
+#include <QHash>
 #include <string>
 #endif
 
@@ -33,10 +33,9 @@ QString decodificarPagina(const char* nombre, QByteArrayView bytes, bool* conoci
     const UINT pagina = paginaWindows(nombre);
     const int largo = static_cast<int>(bytes.size());
     std::wstring w(static_cast<size_t>(largo) * 2 + 1, L'\0');
-    const int hechos =
-        largo == 0 ? 0
-                   : MultiByteToWideChar(pagina, 0, bytes.data(), largo, w.data(),
-                                         static_cast<int>(w.size()));
+    const int hechos = largo == 0 ? 0
+                                  : MultiByteToWideChar(pagina, 0, bytes.data(), largo, w.data(),
+                                                        static_cast<int>(w.size()));
     if (conocida)
         *conocida = IsValidCodePage(pagina);
     return QString::fromWCharArray(w.data(), std::max(hechos, 0));

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QHash>
 #include <QString>
 #include <QStringView>
-#include <array>
-#include <cstdint>
 
 // The 8-bit code page of a language: windows-1253 for Greek (7),
 // windows-1250 for Polish (8), windows-1252 for every other number.

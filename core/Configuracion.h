@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QByteArray>
 #include <cstdint>
+#include <QByteArray>
 
 struct ModBase;
 

@@ -4,9 +4,9 @@
 #include "Campo.h"
 #include "TextTable.h"
 
+#include <cstdint>
 #include <QByteArray>
 #include <QString>
-#include <cstdint>
 
 // The one block of shared state. Main makes the instance and hands it by
 // reference to every window and piece of logic; tests make their own.
@@ -15,14 +15,14 @@
 struct ModBase {
     ModBase();
 
-    bool ArranqueInicial = false;           // the splash shown now is the start-up one
-    BoundedArray<Campo, 1, 36> Campos;      // the fields of the current label, by number
+    bool ArranqueInicial = false;               // the splash shown now is the start-up one
+    BoundedArray<Campo, 1, 36> Campos;          // the fields of the current label, by number
     BoundedArray<QByteArray, 0, 1> TextoFijo;   // the two fixed text lines
     BoundedArray<QByteArray, 0, 14> TextoLibre; // free texts 1..15 at 0..14
-    QByteArray TipoEtiqueta = "V";          // "V" packing label, "T" total label
-    QByteArray NumEtiqueta = "1";           // number of the label within its kind
-    QByteArray AnchoEtiqueta = "45";        // "45" or "60"
-    QByteArray NombreEtiqueta;              // at most 7 characters
+    QByteArray TipoEtiqueta = "V";              // "V" packing label, "T" total label
+    QByteArray NumEtiqueta = "1";               // number of the label within its kind
+    QByteArray AnchoEtiqueta = "45";            // "45" or "60"
+    QByteArray NombreEtiqueta;                  // at most 7 characters
 
     // The settings are 0 until cfg.ini has been read: a short file leaves
     // the ones it never reaches at 0.

@@ -17,16 +17,16 @@ public:
     QString text() const;
 
     static RuntimeError invalidProcedureCall(); // 5
-    static RuntimeError overflow();            // 6
-    static RuntimeError outOfMemory();         // 7
-    static RuntimeError subscriptOutOfRange(); // 9
-    static RuntimeError typeMismatch();        // 13
-    static RuntimeError fileNotFound();        // 53
-    static RuntimeError inputPastEndOfFile();  // 62
-    static RuntimeError fileAlreadyExists();   // 58
-    static RuntimeError permissionDenied();    // 70
-    static RuntimeError pathFileAccess();      // 75
-    static RuntimeError invalidUseOfNull();    // 94
+    static RuntimeError overflow();             // 6
+    static RuntimeError outOfMemory();          // 7
+    static RuntimeError subscriptOutOfRange();  // 9
+    static RuntimeError typeMismatch();         // 13
+    static RuntimeError fileNotFound();         // 53
+    static RuntimeError inputPastEndOfFile();   // 62
+    static RuntimeError fileAlreadyExists();    // 58
+    static RuntimeError permissionDenied();     // 70
+    static RuntimeError pathFileAccess();       // 75
+    static RuntimeError invalidUseOfNull();     // 94
 
 private:
     int m_number;

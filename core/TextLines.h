@@ -24,8 +24,8 @@ public:
 private:
     qsizetype m_maximo;
     QList<QByteArray> m_lineas;
-    QByteArray m_pendiente;      // the start of a line whose end has not come
-    bool m_trasRetorno = false;  // the last piece ended in a carriage return
+    QByteArray m_pendiente;     // the start of a line whose end has not come
+    bool m_trasRetorno = false; // the last piece ended in a carriage return
 };
 // Each line followed by carriage return and line feed.
 QByteArray joinLines(const QList<QByteArray>& lines);

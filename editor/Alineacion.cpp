@@ -75,9 +75,15 @@ void EditorEtiqueta::ajustar(bool horizontal)
     }
 }
 
-void EditorEtiqueta::AjustarIzda() { ajustar(true); }
+void EditorEtiqueta::AjustarIzda()
+{
+    ajustar(true);
+}
 
-void EditorEtiqueta::AjustarArriba() { ajustar(false); }
+void EditorEtiqueta::AjustarArriba()
+{
+    ajustar(false);
+}
 
 void EditorEtiqueta::Alinear(int modo)
 {

@@ -6,9 +6,9 @@
 #include "ModBase.h"
 #include "Posicion.h"
 
-#include <QStringLiteral>
 #include <algorithm>
 #include <cmath>
+#include <QStringLiteral>
 
 using namespace Coordenadas;
 
@@ -81,7 +81,10 @@ void EditorEtiqueta::pulsarCampo(int n, BotonRaton boton, double xTwips, double 
     }
 }
 
-void EditorEtiqueta::moverSobreCampo() { superficie.puntero = Puntero::Flecha; }
+void EditorEtiqueta::moverSobreCampo()
+{
+    superficie.puntero = Puntero::Flecha;
+}
 
 EditorEtiqueta::Rect EditorEtiqueta::cajaCandidata(const Caja& w) const
 {
@@ -96,8 +99,10 @@ EditorEtiqueta::Rect EditorEtiqueta::cajaCandidata(const Caja& w) const
     } else {
         r.L = redondear(dx - (w.left() - GrupoIzquierda));
         r.T = redondear(dy - (w.top() - GrupoArriba));
-        r.R = redondear(GrupoDerecha - (w.width() + w.left()) + (PunteroHor + w.width() - AgarreHor));
-        r.B = redondear(GrupoAbajo - (w.height() + w.top()) + (PunteroVer + w.height() - AgarreVer));
+        r.R =
+            redondear(GrupoDerecha - (w.width() + w.left()) + (PunteroHor + w.width() - AgarreHor));
+        r.B =
+            redondear(GrupoAbajo - (w.height() + w.top()) + (PunteroVer + w.height() - AgarreVer));
     }
     return r;
 }

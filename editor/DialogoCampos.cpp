@@ -120,7 +120,8 @@ DialogoBorrar::DialogoBorrar(ModBase& mb) : m_mb(mb)
             // old model 6 to 15 stay usable, hidden as they are.
             if (c.numero <= m_mb.textosLibresModelo() && !presente)
                 e.habilitada = false;
-            e.titulo = T(1307) + QLatin1Char(' ') + QString::number(nuevo ? c.numero - 5 : c.numero);
+            e.titulo =
+                T(1307) + QLatin1Char(' ') + QString::number(nuevo ? c.numero - 5 : c.numero);
         } else if (c.numero > 0) {
             e.habilitada = presente;
             e.titulo = T(c.texto) + QLatin1Char(' ') + QString::number(c.numero);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QString>
 #include <array>
+#include <QString>
 
 struct ModBase;
 
@@ -27,8 +27,8 @@ struct CasillaBorrar {
     enum class Uso { Siempre, KindV, KindT, ModeloViejo, ModeloNuevo };
     const char* nombre; // the control's name
     int campo;
-    int texto;          // catalogue id of its words
-    int numero;         // 1..15 for the numbered boxes, else 0
+    int texto;  // catalogue id of its words
+    int numero; // 1..15 for the numbered boxes, else 0
     Uso uso;
 };
 

@@ -127,8 +127,7 @@ void DialogoTXL::aceptar()
 void DialogoTXL::salir()
 {
     for (int i = 1; i <= Filas; ++i)
-        m_mb.TXLPendiente(i) =
-            !m_textoPresente[static_cast<size_t>(i - 1)] && campoPresente(i);
+        m_mb.TXLPendiente(i) = !m_textoPresente[static_cast<size_t>(i - 1)] && campoPresente(i);
     GuardarFreetxl(m_mb);
 }
 

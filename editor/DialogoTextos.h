@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
 #include <array>
 #include <cstdint>
+#include <QByteArray>
+#include <QString>
 
 struct ModBase;
 
@@ -21,12 +21,12 @@ QString mayusculasAlTeclear(int16_t idioma, const QString& tecleado);
 struct FilaTXL {
     bool visible = false;
     QString titulo;
-    bool marcada = false;       // ChTXL on: the row is open
-    bool marcable = true;       // ChTXL enabled
-    bool textoVisible = false;  // TextTXL
+    bool marcada = false;      // ChTXL on: the row is open
+    bool marcable = true;      // ChTXL enabled
+    bool textoVisible = false; // TextTXL
     bool textoHabilitado = false;
-    QString texto;              // what TextTXL holds
-    bool enEtiqueta = false;    // the check mark beside the box
+    QString texto;           // what TextTXL holds
+    bool enEtiqueta = false; // the check mark beside the box
 };
 
 class DialogoTXL {

@@ -26,7 +26,10 @@ int EditorEtiqueta::camposModelo() const
     return m_mb.ModeloNuevo == 1 ? 36 : 25;
 }
 
-int EditorEtiqueta::VSVer() const { return m_files.controles.VSVer; }
+int EditorEtiqueta::VSVer() const
+{
+    return m_files.controles.VSVer;
+}
 
 int EditorEtiqueta::tamanoDe(int campo) const
 {
@@ -113,7 +116,7 @@ void EditorEtiqueta::captionsCatalogo()
     }
     for (int i = 1; i <= 10; ++i)
         s.Imagen(i).caption = QString::number(i) + blanco + T(70);
-    const std::pair<int, int> fijos[] = {{11, 130}, {12, 74},   {15, 1314}, {16, 23},  {17, 1308},
+    const std::pair<int, int> fijos[] = {{11, 130},  {12, 74}, {15, 1314}, {16, 23},  {17, 1308},
                                          {18, 1309}, {19, 73}, {20, 1310}, {26, 1040}};
     for (const auto& [campo, id] : fijos)
         s.Imagen(campo).caption = T(id);

@@ -4,8 +4,8 @@
 #include "FondoSuperficie.h"
 #include "Superficie.h"
 
-#include <QString>
 #include <cstdint>
+#include <QString>
 
 struct ModBase;
 struct BloquePreset;
@@ -35,9 +35,9 @@ public:
     // The window's whole repaint routine, at once: it runs `repintar`, which
     // puts every box where its record says.
     virtual void repintarVentana() = 0;
-    virtual void mostrarTXL() = 0;    // frmTXL
-    virtual void mostrarDES() = 0;    // frmDES
-    virtual void mostrarBorrar() = 0; // frmBorrar
+    virtual void mostrarTXL() = 0;           // frmTXL
+    virtual void mostrarDES() = 0;           // frmDES
+    virtual void mostrarBorrar() = 0;        // frmBorrar
     virtual void mostrarTXF(int numero) = 0; // frmTXF for fixed text line 1 or 2
     virtual void abrirMenu(MenuEmergente menu) = 0;
 };
@@ -209,7 +209,7 @@ private:
     struct Pendientes;
     void colocarPendientes(const Pendientes& p);
     void fijarLimites(bool permitido);
-    void sigueCompanero(); // Imagen 0 under Imagen 11
+    void sigueCompanero();        // Imagen 0 under Imagen 11
     void soltar(int ultimoCampo); // what both drops share, on PunteroHor/Ver
     void colocarBandas();
     void ajustar(bool horizontal);

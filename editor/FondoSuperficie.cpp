@@ -13,8 +13,7 @@ const QString FondoSuperficie::kFiltro = QStringLiteral(
 
 FondoSuperficie::FondoSuperficie(ModBase& mb, UserInteraction& ui, CargadorFondo& cargador)
     : m_mb(mb), m_ui(ui), m_cargador(cargador)
-{
-}
+{}
 
 QString FondoSuperficie::rutaParrilla() const
 {

@@ -17,14 +17,17 @@ bool mismoCampo(const Campo& a, const Campo& b)
     return a == c;
 }
 
-bool presente(const Campo& c) { return c.Presente == "1"; }
+bool presente(const Campo& c)
+{
+    return c.Presente == "1";
+}
 
 } // namespace
 
 EstadoEtiqueta EstadoEtiqueta::de(const ModBase& mb, const FileCommands& files)
 {
-    return {mb.Campos,        mb.TextoFijo,     mb.TextoLibre,     mb.TipoEtiqueta, mb.NumEtiqueta,
-            mb.AnchoEtiqueta, mb.NombreEtiqueta, files.controles};
+    return {mb.Campos,      mb.TextoFijo,     mb.TextoLibre,     mb.TipoEtiqueta,
+            mb.NumEtiqueta, mb.AnchoEtiqueta, mb.NombreEtiqueta, files.controles};
 }
 
 void EstadoEtiqueta::aplicar(ModBase& mb, FileCommands& files) const
@@ -58,12 +61,14 @@ bool EstadoEtiqueta::mismaEtiqueta(const EstadoEtiqueta& o) const
 
 int Historial::clase(const EstadoEtiqueta& antes, const EstadoEtiqueta& despues)
 {
-    bool textos = antes.TextoFijo(0) != despues.TextoFijo(0) || antes.TextoFijo(1) != despues.TextoFijo(1);
+    bool textos =
+        antes.TextoFijo(0) != despues.TextoFijo(0) || antes.TextoFijo(1) != despues.TextoFijo(1);
     for (int i = 0; i <= 14; ++i)
         textos = textos || antes.TextoLibre(i) != despues.TextoLibre(i);
     const bool nombre = antes.NombreEtiqueta != despues.NombreEtiqueta;
     const bool ancho = antes.AnchoEtiqueta != despues.AnchoEtiqueta;
-    const bool cabecera = antes.TipoEtiqueta != despues.TipoEtiqueta || antes.NumEtiqueta != despues.NumEtiqueta;
+    const bool cabecera =
+        antes.TipoEtiqueta != despues.TipoEtiqueta || antes.NumEtiqueta != despues.NumEtiqueta;
     int puestos = 0, quitados = 0, movidos = 0, tamanos = 0;
     for (int j = 1; j <= 36; ++j) {
         const Campo& a = antes.Campos(j);

@@ -4,10 +4,10 @@
 #include "Campo.h"
 #include "FileCommands.h"
 
+#include <functional>
 #include <QByteArray>
 #include <QList>
 #include <QString>
-#include <functional>
 
 struct ModBase;
 class EditorView;

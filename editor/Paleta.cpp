@@ -12,10 +12,10 @@ namespace {
 
 // Tops of the palette buttons in window mm, old model and new model; the
 // lot has no place in the old one.
-constexpr double kTopViejo[16] = {54.8,  60.0,  65.6,  70.9,  76.2,  81.7,  87.0, 92.4,
-                                  97.9,  103.2, 108.7, 114.0, 119.3, 124.9, 0,    130.2};
-constexpr double kTopNuevo[16] = {52.6,  58.0,  63.3,  68.6,  73.9,  79.0,  84.3,  89.8,
-                                  94.9,  100.2, 105.6, 110.8, 116.1, 121.5, 126.7, 132.0};
+constexpr double kTopViejo[16] = {54.8, 60.0,  65.6,  70.9,  76.2,  81.7,  87.0, 92.4,
+                                  97.9, 103.2, 108.7, 114.0, 119.3, 124.9, 0,    130.2};
+constexpr double kTopNuevo[16] = {52.6, 58.0,  63.3,  68.6,  73.9,  79.0,  84.3,  89.8,
+                                  94.9, 100.2, 105.6, 110.8, 116.1, 121.5, 126.7, 132.0};
 
 } // namespace
 
@@ -82,8 +82,8 @@ void EditorEtiqueta::pulsarCBDisplay(int indice)
 // free texts, numbered 1 to `cuantos`.
 struct EditorEtiqueta::Pendientes {
     int cuantos;
-    int (*campo)(int numero);      // the field of number n
-    int (*numero)(int campo);      // the number of a field, 0 if not of the group
+    int (*campo)(int numero); // the field of number n
+    int (*numero)(int campo); // the number of a field, 0 if not of the group
     bool& (*marca)(ModBase& mb, int numero);
     // A field waiting at the point last pressed on the surface counts too,
     // and the stacking starts from the field's own position, not the corner.
@@ -99,8 +99,8 @@ void EditorEtiqueta::colocarPendientes(const Pendientes& g)
     for (int i = 1; i <= camposModelo(); ++i) {
         const Campo& c = m_mb.Campos(i);
         const bool enOrigen = c.PosHor == 0 && c.PosVer == 0;
-        const bool enPunto = g.desdeElPunto && c.PosHor == m_mb.NuevoCampoHor &&
-                             c.PosVer == m_mb.NuevoCampoVer;
+        const bool enPunto =
+            g.desdeElPunto && c.PosHor == m_mb.NuevoCampoHor && c.PosVer == m_mb.NuevoCampoVer;
         if (c.Presente != "1" || !(enOrigen || enPunto))
             continue;
         const int n = g.numero(i);
@@ -183,8 +183,8 @@ void EditorEtiqueta::prepararDerecho()
     const int tamano = tamanoDe(CampoActivo);
     for (int k = 0; k <= 3; ++k) {
         mnuDer(k).checked = tamano == k;
-        mnuDer(k).enabled = !((CampoActivo == 16 && k > 0) ||
-                              ((CampoActivo == 15 || CampoActivo == 20) && k >= 2));
+        mnuDer(k).enabled =
+            !((CampoActivo == 16 && k > 0) || ((CampoActivo == 15 || CampoActivo == 20) && k >= 2));
     }
     mnuDer(4).checked = false;
     mnuDer(4).enabled = true;

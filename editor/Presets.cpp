@@ -24,7 +24,10 @@ namespace {
 
 const BloquePreset kBloques60[] = {
     {1,
-     {{1, 18, "072", "0"}, {2, 22, "088", "0"}, {3, 26, "104", "0"}, {4, 30, "120", "0"},
+     {{1, 18, "072", "0"},
+      {2, 22, "088", "0"},
+      {3, 26, "104", "0"},
+      {4, 30, "120", "0"},
       {13, 36, "130", "0"}},
      5},
     {2, {{17, 46, "166", "0"}, {18, 52, "187", "0"}, {14, 36, "130", "1"}}, 3},
@@ -63,9 +66,15 @@ void EditorEtiqueta::cargarPreset(const char* ancho, const BloquePreset* bloques
     m_mb.Modificado = true;
 }
 
-void EditorEtiqueta::Cargar60() { cargarPreset("60", kBloques60, 3); }
+void EditorEtiqueta::Cargar60()
+{
+    cargarPreset("60", kBloques60, 3);
+}
 
-void EditorEtiqueta::Cargar45() { cargarPreset("45", kBloques45, 3); }
+void EditorEtiqueta::Cargar45()
+{
+    cargarPreset("45", kBloques45, 3);
+}
 
 void EditorEtiqueta::botonEti45()
 {

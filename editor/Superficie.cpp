@@ -3,8 +3,8 @@
 #include "CatalogoCampos.h"
 #include "RuntimeError.h"
 
-#include <QLocale>
 #include <cmath>
+#include <QLocale>
 
 int16_t Coordenadas::redondear(double v)
 {

@@ -2,8 +2,8 @@
 
 #include "BoundedArray.h"
 
-#include <QString>
 #include <cstdint>
+#include <QString>
 #include <type_traits>
 
 // The coordinates of the surface. Four systems are in use: window
@@ -19,13 +19,28 @@ constexpr double kMmPorUnidadHor = 2.0;
 
 // A pointer position over a field's box, in twips from its top left, as
 // surface units. The operations go in this order, in double precision.
-inline double unidadesHorDeTwips(double x) { return x / kTwipsPorMm / 2.0; }
-inline double unidadesVerDeTwips(double y) { return y / kTwipsPorMm / 10 * 9; }
+inline double unidadesHorDeTwips(double x)
+{
+    return x / kTwipsPorMm / 2.0;
+}
+inline double unidadesVerDeTwips(double y)
+{
+    return y / kTwipsPorMm / 10 * 9;
+}
 
 // Window millimetres of a length in surface units, and twips of window mm.
-inline double mmDeUnidadesHor(double u) { return kMmPorUnidadHor * u; }
-inline double mmDeUnidadesVer(double u) { return (10.0 / 9.0) * u; }
-inline double twipsDeMm(double mm) { return mm * kTwipsPorMm; }
+inline double mmDeUnidadesHor(double u)
+{
+    return kMmPorUnidadHor * u;
+}
+inline double mmDeUnidadesVer(double u)
+{
+    return (10.0 / 9.0) * u;
+}
+inline double twipsDeMm(double mm)
+{
+    return mm * kTwipsPorMm;
+}
 
 // Every fractional value that becomes a whole number rounds to the nearest,
 // halves to the even number (12.5 gives 12, 13.5 gives 14). Beyond the range
@@ -60,17 +75,35 @@ public:
     friend Single operator*(Single a, Single b) { return Single(double(a.m_v) * b.m_v); }
     friend Single operator/(Single a, Single b) { return Single(double(a.m_v) / b.m_v); }
     template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
-    friend Single operator+(Single a, I b) { return a + Single(b); }
+    friend Single operator+(Single a, I b)
+    {
+        return a + Single(b);
+    }
     template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
-    friend Single operator+(I a, Single b) { return Single(a) + b; }
+    friend Single operator+(I a, Single b)
+    {
+        return Single(a) + b;
+    }
     template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
-    friend Single operator-(Single a, I b) { return a - Single(b); }
+    friend Single operator-(Single a, I b)
+    {
+        return a - Single(b);
+    }
     template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
-    friend Single operator-(I a, Single b) { return Single(a) - b; }
+    friend Single operator-(I a, Single b)
+    {
+        return Single(a) - b;
+    }
     template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
-    friend Single operator*(Single a, I b) { return a * Single(b); }
+    friend Single operator*(Single a, I b)
+    {
+        return a * Single(b);
+    }
     template <typename I, typename = std::enable_if_t<std::is_integral_v<I>>>
-    friend Single operator/(Single a, I b) { return a / Single(b); }
+    friend Single operator/(Single a, I b)
+    {
+        return a / Single(b);
+    }
 
 private:
     float m_v = 0;
@@ -80,7 +113,10 @@ namespace Coordenadas {
 
 // The factor of the vertical axis, 10/9 worked out in double precision and
 // held in single.
-inline Single factorVertical() { return Single(10.0 / 9.0); }
+inline Single factorVertical()
+{
+    return Single(10.0 / 9.0);
+}
 
 } // namespace Coordenadas
 
@@ -112,10 +148,10 @@ public:
     }
 
     QString caption;
-    QString toolTip;   // the free texts show their caption as a tip too
+    QString toolTip;    // the free texts show their caption as a tip too
     uint32_t color = 0; // 0xRRGGBB
     bool visible = false;
-    bool rojo = false;  // red text: the field is in the multiple selection
+    bool rojo = false; // red text: the field is in the multiple selection
 
 private:
     Single m_left;

@@ -3,10 +3,10 @@
 #include "FileSystem.h"
 #include "RuntimeError.h"
 
-#include <QByteArray>
-#include <QList>
 #include <algorithm>
 #include <cmath>
+#include <QByteArray>
+#include <QList>
 
 namespace {
 

@@ -58,6 +58,5 @@ struct FuzzFile {
         : modelo(size > 0 ? data[0] & 1 : 1),
           lines(splitLines(QByteArray(reinterpret_cast<const char*>(data) + (size > 0 ? 1 : 0),
                                       static_cast<qsizetype>(size > 0 ? size - 1 : 0))))
-    {
-    }
+    {}
 };

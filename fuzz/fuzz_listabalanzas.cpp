@@ -4,9 +4,9 @@
 #include "Flota.h"
 #include "PuertoTcp.h"
 
-#include <QSet>
 #include <cstddef>
 #include <cstdint>
+#include <QSet>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

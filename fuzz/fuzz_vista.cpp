@@ -1,9 +1,9 @@
 // ventana.ini as anyone may have left it: any bytes at all.
 #include "Vista.h"
 
-#include <QByteArray>
 #include <cstddef>
 #include <cstdint>
+#include <QByteArray>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -1,9 +1,9 @@
 // Without libFuzzer, a fuzz target replays the files it is given, so the
 // ordinary build keeps every target compiling and its corpus passing.
-#include <QFile>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <QFile>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 

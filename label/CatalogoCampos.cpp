@@ -91,8 +91,7 @@ const std::array<EntradaVisual, kEntradasVisual> kVisual = {{
     {13, "TXL", 1307, 0},
 }};
 
-template <typename T, std::size_t N>
-const T& checked(const std::array<T, N>& table, int i)
+template <typename T, std::size_t N> const T& checked(const std::array<T, N>& table, int i)
 {
     if (i < 0 || static_cast<std::size_t>(i) >= N)
         throw RuntimeError::subscriptOutOfRange();
@@ -101,9 +100,18 @@ const T& checked(const std::array<T, N>& table, int i)
 
 } // namespace
 
-const CampoCatalogo& campoCatalogo(int numero) { return checked(kCampos, numero); }
-const BotonPaleta& botonPaleta(int indice) { return checked(kPaleta, indice); }
-const EntradaVisual& entradaVisual(int indice) { return checked(kVisual, indice); }
+const CampoCatalogo& campoCatalogo(int numero)
+{
+    return checked(kCampos, numero);
+}
+const BotonPaleta& botonPaleta(int indice)
+{
+    return checked(kPaleta, indice);
+}
+const EntradaVisual& entradaVisual(int indice)
+{
+    return checked(kVisual, indice);
+}
 
 int campoDeTextoLibre(int n)
 {

@@ -11,8 +11,8 @@ enum class GrupoCampo {
     Descriptivo,
     Peso,
     Tara,
-    Precio,         // price, or operations on a total label
-    Importe,        // amount, or total on a total label
+    Precio,  // price, or operations on a total label
+    Importe, // amount, or total on a total label
     SegundaMoneda,
     CodigoBarras,
     Fecha,
@@ -22,9 +22,9 @@ enum class GrupoCampo {
 };
 
 struct CampoCatalogo {
-    int numero;          // 0 is the approximate weight box, 1..36 the fields
-    const char* imagen;  // the box's design caption (UTF-8)
-    uint32_t color;      // 0xRRGGBB
+    int numero;         // 0 is the approximate weight box, 1..36 the fields
+    const char* imagen; // the box's design caption (UTF-8)
+    uint32_t color;     // 0xRRGGBB
     GrupoCampo grupo;
     bool soloModeloNuevo;
 };

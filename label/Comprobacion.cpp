@@ -21,27 +21,36 @@ public:
                    int numeroEsperado)
     {
         if (!fila.startsWith("99")) {
-            nota(linea, 1, QStringLiteral("a field row starts with \"99\", this one with \"%1\"")
-                               .arg(QString::fromLatin1(fila.left(2))));
+            nota(linea, 1,
+                 QStringLiteral("a field row starts with \"99\", this one with \"%1\"")
+                     .arg(QString::fromLatin1(fila.left(2))));
             return;
         }
         const QByteArrayView tipo = columnsView(fila, 3, 1);
         if (tipo != "V" && tipo != "T")
-            nota(linea, 3, QStringLiteral("kind \"%1\" is neither V nor T").arg(QString::fromLatin1(tipo)));
+            nota(linea, 3,
+                 QStringLiteral("kind \"%1\" is neither V nor T").arg(QString::fromLatin1(tipo)));
         else if (!tipoEsperado.isEmpty() && tipo != tipoEsperado)
-            nota(linea, 3, QStringLiteral("kind %1 in the block of the %2 labels")
-                               .arg(QString::fromLatin1(tipo), QString::fromLatin1(tipoEsperado)));
+            nota(linea, 3,
+                 QStringLiteral("kind %1 in the block of the %2 labels")
+                     .arg(QString::fromLatin1(tipo), QString::fromLatin1(tipoEsperado)));
         const QByteArrayView numero = columnsView(fila, 4, 1);
         const int minimo = m_nuevo ? 3 : 1;
         if (numero.size() != 1 || numero.at(0) < '0' + minimo || numero.at(0) > '5')
-            nota(linea, 4, QStringLiteral("label number \"%1\" does not exist in the %2 model (%3 to 5)")
-                               .arg(QString::fromLatin1(numero), modelo()).arg(minimo));
+            nota(linea, 4,
+                 QStringLiteral("label number \"%1\" does not exist in the %2 model (%3 to 5)")
+                     .arg(QString::fromLatin1(numero), modelo())
+                     .arg(minimo));
         else if (numeroEsperado && numero.at(0) - '0' != numeroEsperado)
-            nota(linea, 4, QStringLiteral("label number %1 in the block of label %2")
-                               .arg(QString::fromLatin1(numero)).arg(numeroEsperado));
+            nota(linea, 4,
+                 QStringLiteral("label number %1 in the block of label %2")
+                     .arg(QString::fromLatin1(numero))
+                     .arg(numeroEsperado));
         const QByteArrayView ancho = columnsView(fila, 5, 2);
         if (ancho != "45" && ancho != "60")
-            nota(linea, 5, QStringLiteral("width \"%1\" is neither 45 nor 60").arg(QString::fromLatin1(ancho)));
+            nota(linea, 5,
+                 QStringLiteral("width \"%1\" is neither 45 nor 60")
+                     .arg(QString::fromLatin1(ancho)));
         if (fila.size() == 22)
             return;
         // A position text of 4 characters ("39.6") pushes everything after
@@ -71,8 +80,9 @@ public:
         if (!fila.startsWith("9:"))
             nota(linea, 1, QStringLiteral("a free text row starts with \"9:\""));
         if (fila.size() > 29 + (m_nuevo ? 0 : -1))
-            nota(linea, 30, QStringLiteral("a free text is read up to column %1; the rest is lost")
-                                .arg(m_nuevo ? 29 : 28));
+            nota(linea, 30,
+                 QStringLiteral("a free text is read up to column %1; the rest is lost")
+                     .arg(m_nuevo ? 29 : 28));
     }
 
     QString modelo() const { return m_nuevo ? QStringLiteral("new") : QStringLiteral("old"); }
@@ -88,14 +98,19 @@ QList<Hallazgo> comprobarArchivo(const QList<QByteArray>& lines, bool conjunto, 
 {
     Comprobador c(modeloNuevo);
     const bool nuevo = c.nuevo();
-    const auto linea = [&](int indice) { return indice < lines.size() ? lines.at(indice) : QByteArray(); };
+    const auto linea = [&](int indice) {
+        return indice < lines.size() ? lines.at(indice) : QByteArray();
+    };
 
     if (!conjunto) {
         const int n = nuevo ? 15 : 5;
         const int m = nuevo ? 36 : 25;
         if (lines.size() != n + m + 1)
-            c.nota(0, 0, QStringLiteral("a label file of the %1 model has %2 lines, this one %3")
-                             .arg(c.modelo()).arg(n + m + 1).arg(lines.size()));
+            c.nota(0, 0,
+                   QStringLiteral("a label file of the %1 model has %2 lines, this one %3")
+                       .arg(c.modelo())
+                       .arg(n + m + 1)
+                       .arg(lines.size()));
         for (int i = 0; i < std::min<int>(n, lines.size()); ++i)
             c.filaTextoLibre(lines.at(i), i + 1);
         for (int i = n; i < std::min<int>(n + m, lines.size()); ++i)
@@ -107,8 +122,11 @@ QList<Hallazgo> comprobarArchivo(const QList<QByteArray>& lines, bool conjunto, 
 
     const int total = nuevo ? 240 : 278;
     if (lines.size() != total)
-        c.nota(0, 0, QStringLiteral("a set file of the %1 model has %2 lines, this one %3")
-                         .arg(c.modelo()).arg(total).arg(lines.size()));
+        c.nota(0, 0,
+               QStringLiteral("a set file of the %1 model has %2 lines, this one %3")
+                   .arg(c.modelo())
+                   .arg(total)
+                   .arg(lines.size()));
     if (linea(0) != "TXL")
         c.nota(1, 1, QStringLiteral("a set file starts with \"TXL\""));
     const int textos = nuevo ? 15 : 5;
@@ -127,13 +145,14 @@ QList<Hallazgo> comprobarArchivo(const QList<QByteArray>& lines, bool conjunto, 
         // then unfolds its header from a free text row.
         if (!nuevo && k == 0 && linea(b + 1).startsWith("9:")) {
             const QByteArray cabecera = linea(b + 1);
-            c.nota(b + 2, 3,
-                   QStringLiteral("label V1 unfolds with kind \"%1\" and width \"%2\": lines %3 to 16 "
-                                  "hold the free text rows a save of another label wrote over "
-                                  "its block")
-                       .arg(QString::fromLatin1(columns(cabecera, 3, 1)),
-                            QString::fromLatin1(columns(cabecera, 5, 2)))
-                       .arg(b + 1));
+            c.nota(
+                b + 2, 3,
+                QStringLiteral("label V1 unfolds with kind \"%1\" and width \"%2\": lines %3 to 16 "
+                               "hold the free text rows a save of another label wrote over "
+                               "its block")
+                    .arg(QString::fromLatin1(columns(cabecera, 3, 1)),
+                         QString::fromLatin1(columns(cabecera, 5, 2)))
+                    .arg(b + 1));
             desde = 16;
         }
         for (int j = desde; j <= b + campos && j < lines.size(); ++j)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <QByteArray>
 #include <QList>
 #include <QString>
-#include <cstdint>
 
 // What in a label or set file the readers would take wrongly. The readers
 // themselves check nothing: a shifted row, a strange kind or width goes into
@@ -16,4 +16,5 @@ struct Hallazgo {
 
 // `conjunto`: a set file (else a label file), read in the model given.
 // `lines` are the file's lines as splitLines gives them.
-QList<Hallazgo> comprobarArchivo(const QList<QByteArray>& lines, bool conjunto, int16_t modeloNuevo);
+QList<Hallazgo> comprobarArchivo(const QList<QByteArray>& lines, bool conjunto,
+                                 int16_t modeloNuevo);

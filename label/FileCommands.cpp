@@ -45,8 +45,8 @@ QByteArray recorte25(const QByteArray& texto)
 // regardless of case, as the platform's own search finds it.
 QString primerArchivo(const QString& carpeta, const QString& patron)
 {
-    const QStringList names = QDir(carpeta).entryList({patron}, QDir::Files,
-                                                      QDir::Name | QDir::IgnoreCase);
+    const QStringList names =
+        QDir(carpeta).entryList({patron}, QDir::Files, QDir::Name | QDir::IgnoreCase);
     return names.isEmpty() ? QString() : names.constFirst();
 }
 
@@ -60,8 +60,7 @@ bool esArchivoEtiqueta(const QString& path)
 
 FileCommands::FileCommands(ModBase& mb, UserInteraction& ui, BaseView& view)
     : m_mb(mb), m_ui(ui), m_view(view)
-{
-}
+{}
 
 QByteArray FileCommands::codificar(const QString& texto) const
 {
@@ -107,8 +106,8 @@ void FileCommands::IniciaLineas()
         const int b = indiceBloque(p);
         Lineas(b) = "ETQ " + tipo + " " + numero;
         for (int j = 1; j <= campos; ++j)
-            Lineas(b + j) = "99" + tipo + numero + "45" + QByteArray(7, ' ') + codigoCampo(j) +
-                            "00000000";
+            Lineas(b + j) =
+                "99" + tipo + numero + "45" + QByteArray(7, ' ') + codigoCampo(j) + "00000000";
     }
     Lineas(indiceTextoFijo() - 1) = "TXF";
     Lineas(indiceTextoFijo()) = filaTextoFijo({}, {});
@@ -124,8 +123,8 @@ void FileCommands::RealizarConjunto()
     ArchivoConjunto = m_mb.ArchivoActual.left(m_mb.ArchivoActual.size() - 2) + QStringLiteral("se");
     IniciaLineas();
 
-    const QString textos = m_mb.ModeloNuevo ? primerArchivo(carpeta, QStringLiteral("freetxt.txt"))
-                                            : QString();
+    const QString textos =
+        m_mb.ModeloNuevo ? primerArchivo(carpeta, QStringLiteral("freetxt.txt")) : QString();
     if (!textos.isEmpty()) {
         AlmacenaFreeText(QDir(carpeta).filePath(textos));
         fs::moveFile(QDir(carpeta).filePath(textos), QDir(s).filePath(textos));
@@ -404,10 +403,12 @@ void FileCommands::CargarEti2()
     FileDialogRequest dialog;
     if (m_mb.ModeloNuevo)
         dialog.filter = QStringLiteral("All (*.pde,*.pse)|*.pde;*.pse;|") + T(1316) +
-                        QStringLiteral(" (*.pde)|*.pde|") + T(1349) + QStringLiteral(" (*.pse)|*.pse");
+                        QStringLiteral(" (*.pde)|*.pde|") + T(1349) +
+                        QStringLiteral(" (*.pse)|*.pse");
     else
         dialog.filter = QStringLiteral("All (*.ode,*.ose)|*.ode;*.ose;|") + T(1316) +
-                        QStringLiteral(" (*.ode)|*.ode|") + T(1349) + QStringLiteral(" (*.ose)|*.ose");
+                        QStringLiteral(" (*.ode)|*.ode|") + T(1349) +
+                        QStringLiteral(" (*.ose)|*.ose");
     m_mb.ArchivoActual = m_ui.openFile(dialog);
     if (m_mb.ArchivoActual.isEmpty())
         return;

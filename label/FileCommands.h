@@ -3,11 +3,11 @@
 #include "BoundedArray.h"
 #include "UserInteraction.h"
 
+#include <cstdint>
 #include <QByteArray>
 #include <QDateTime>
 #include <QList>
 #include <QString>
-#include <cstdint>
 
 struct ModBase;
 
@@ -34,12 +34,12 @@ bool esArchivoEtiqueta(const QString& path);
 // The controls of the main window that the commands read and set, kept here
 // so that the commands run without a screen; the window shows them.
 struct ControlesBase {
-    QString TxtNomEtiq;   // the name box
-    int VSEtiq = 1;       // the label number selector, VSEtiqMin..5
+    QString TxtNomEtiq; // the name box
+    int VSEtiq = 1;     // the label number selector, VSEtiqMin..5
     int VSEtiqMin = 1;
-    QString TxtNumEtiq;   // the number beside it
-    int VSVer = 45;       // the surface's height
-    QString lblNombre;    // the label line
+    QString TxtNumEtiq; // the number beside it
+    int VSVer = 45;     // the surface's height
+    QString lblNombre;  // the label line
 };
 
 // The set held as the lines of its file, one label of it unfolded into the
@@ -52,8 +52,8 @@ public:
 
     // The store: index = line of the set file minus 1.
     BoundedArray<QByteArray, 0, 300> Lineas;
-    QString ArchivoConjunto;   // path the store was last loaded or built with
-    QString FechaTextos;       // date text of the label file the free texts came from
+    QString ArchivoConjunto; // path the store was last loaded or built with
+    QString FechaTextos;     // date text of the label file the free texts came from
     bool TextosExternos = false;
     int16_t IgnorarCambioEtiq = 0;
     bool Convirtiendo = false;

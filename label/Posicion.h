@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QByteArray>
 #include <cstdint>
+#include <QByteArray>
 
 // A position is kept twice: as whole surface units for the screen and the
 // transfer, and as the text the files carry, the units times 3.6.

@@ -75,7 +75,8 @@ bool esFinito(qreal v)
 
 bool esFinita(const QTransform& x)
 {
-    for (qreal v : {x.m11(), x.m12(), x.m13(), x.m21(), x.m22(), x.m23(), x.m31(), x.m32(), x.m33()})
+    for (qreal v :
+         {x.m11(), x.m12(), x.m13(), x.m21(), x.m22(), x.m23(), x.m31(), x.m32(), x.m33()})
         if (!esFinito(v))
             return false;
     return true;

@@ -87,13 +87,22 @@ private slots:
         QTest::addColumn<QString>("xdg");      // XDG_DATA_HOME
         QTest::addColumn<QString>("programa"); // expected, "ROOT" and "HOME" replaced
         QTest::addColumn<QString>("datos");
-        QTest::newRow("unpacked") << "" << "" << "ROOT/bin" << "ROOT/bin";
-        QTest::newRow("marker beside the program")
-            << "bin" << "/xdg" << "/xdg/korvo" << "ROOT/bin";
-        QTest::newRow("marker in share/korvo, no XDG_DATA_HOME")
-            << "share/korvo" << "" << "HOME/.local/share/korvo" << "ROOT/share/korvo";
-        QTest::newRow("a relative XDG_DATA_HOME is ignored")
-            << "share/korvo" << "rel" << "HOME/.local/share/korvo" << "ROOT/share/korvo";
+        QTest::newRow("unpacked") << ""
+                                  << ""
+                                  << "ROOT/bin"
+                                  << "ROOT/bin";
+        QTest::newRow("marker beside the program") << "bin"
+                                                   << "/xdg"
+                                                   << "/xdg/korvo"
+                                                   << "ROOT/bin";
+        QTest::newRow("marker in share/korvo, no XDG_DATA_HOME") << "share/korvo"
+                                                                 << ""
+                                                                 << "HOME/.local/share/korvo"
+                                                                 << "ROOT/share/korvo";
+        QTest::newRow("a relative XDG_DATA_HOME is ignored") << "share/korvo"
+                                                             << "rel"
+                                                             << "HOME/.local/share/korvo"
+                                                             << "ROOT/share/korvo";
     }
 
     void carpetas()
@@ -106,7 +115,8 @@ private slots:
         QDir(raiz.path()).mkpath("bin");
         if (!marca.isEmpty()) {
             QDir(raiz.path()).mkpath(marca);
-            QFile(raiz.filePath(marca + "/" + CarpetasPrograma::marca())).open(QIODevice::WriteOnly);
+            QFile(raiz.filePath(marca + "/" + CarpetasPrograma::marca()))
+                .open(QIODevice::WriteOnly);
         }
         QProcessEnvironment entorno;
         entorno.insert("HOME", "/home/ana");

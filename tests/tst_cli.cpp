@@ -156,12 +156,15 @@ private slots:
     {
         LabelEnv e(1);
         e.dir.write("sirel.new", {});
-        const QString etiqueta = QStringLiteral(KORVO_SOURCE_DIR "/tests/data/greek-name-undefined-byte.pde");
-        const QByteArray nombre("\xd7" "D:WD\xff");
+        const QString etiqueta =
+            QStringLiteral(KORVO_SOURCE_DIR "/tests/data/greek-name-undefined-byte.pde");
+        const QByteArray nombre("\xd7"
+                                "D:WD\xff");
         const Run frames = cli(e, {"--language", "7", "frames", etiqueta});
         int campos = 0;
         for (const QByteArray& hex : frames.out.split('\n'))
-            if (const QByteArray trama = QByteArray::fromHex(hex); trama.startsWith("\x02" "99")) {
+            if (const QByteArray trama = QByteArray::fromHex(hex); trama.startsWith("\x02"
+                                                                                    "99")) {
                 ++campos;
                 QVERIFY2(trama.contains(nombre), hex.constData());
             }

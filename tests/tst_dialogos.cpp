@@ -159,32 +159,41 @@ private slots:
         e.mb.Idioma = static_cast<int16_t>(idioma);
         const auto cp = [&](const QByteArray& b) { return decodeFor(e.mb.Idioma, b); };
         // What each path gives back for the bytes it is handed.
-        const QMap<QString, std::pair<int, std::function<QByteArray(const QByteArray&)>>> caminos = {
-            {"name", {7, [&](const QByteArray& b) {
-                 e.mb.NombreEtiqueta = b;
-                 e.files.Actualiza();
-                 e.files.cambioNombre(e.files.controles.TxtNomEtiq);
-                 return e.mb.NombreEtiqueta;
-             }}},
-            {"free text", {25, [&](const QByteArray& b) {
-                 e.mb.TextoLibre(6) = b;
-                 e.mb.Campos(campoDeTextoLibre(7)).Presente = "1";
-                 DialogoTXL d(e.mb);
-                 d.pulsarFila(7, true);
-                 d.aceptar();
-                 return e.mb.TextoLibre(6);
-             }}},
-            {"fixed text", {25, [&](const QByteArray& b) {
-                 AceptarTXF(e.mb, textoFijoParaCaja(e.mb.Idioma, b), {});
-                 return e.mb.TextoFijo(0);
-             }}},
-            {"background", {256, [&](const QByteArray& b) {
-                 e.mb.RutaFondo = cp(b);
-                 ModBase leido;
-                 aplicarConfiguracion(leido, formaLarga(e.mb));
-                 return encodeFor(e.mb.Idioma, leido.RutaFondo);
-             }}},
-        };
+        const QMap<QString, std::pair<int, std::function<QByteArray(const QByteArray&)>>> caminos =
+            {
+                {"name",
+                 {7,
+                  [&](const QByteArray& b) {
+                      e.mb.NombreEtiqueta = b;
+                      e.files.Actualiza();
+                      e.files.cambioNombre(e.files.controles.TxtNomEtiq);
+                      return e.mb.NombreEtiqueta;
+                  }}},
+                {"free text",
+                 {25,
+                  [&](const QByteArray& b) {
+                      e.mb.TextoLibre(6) = b;
+                      e.mb.Campos(campoDeTextoLibre(7)).Presente = "1";
+                      DialogoTXL d(e.mb);
+                      d.pulsarFila(7, true);
+                      d.aceptar();
+                      return e.mb.TextoLibre(6);
+                  }}},
+                {"fixed text",
+                 {25,
+                  [&](const QByteArray& b) {
+                      AceptarTXF(e.mb, textoFijoParaCaja(e.mb.Idioma, b), {});
+                      return e.mb.TextoFijo(0);
+                  }}},
+                {"background",
+                 {256,
+                  [&](const QByteArray& b) {
+                      e.mb.RutaFondo = cp(b);
+                      ModBase leido;
+                      aplicarConfiguracion(leido, formaLarga(e.mb));
+                      return encodeFor(e.mb.Idioma, leido.RutaFondo);
+                  }}},
+            };
         const auto& [pieza, ida] = caminos.value(camino);
         // Every byte but the ends of lines and the blank, which paths cut
         // at the end of a text; the blank and the letters are plain ASCII.

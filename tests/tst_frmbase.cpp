@@ -382,7 +382,8 @@ private slots:
             QTest::keyClick(&d, Qt::Key_Return);
         });
         w.abrirArchivo(ruta);
-        QCOMPARE(hijo<QLineEdit>(w, "TxtNomEtiq")->text(), existe ? QStringLiteral("QUESO") : QString());
+        QCOMPARE(hijo<QLineEdit>(w, "TxtNomEtiq")->text(),
+                 existe ? QStringLiteral("QUESO") : QString());
         QCOMPARE(dicho, existe ? QString() : m_mb->Textos(864));
         QCOMPARE(m_mb->ArchivoConocido, existe);
     }

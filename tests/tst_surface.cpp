@@ -332,12 +332,11 @@ private slots:
             QCOMPARE(cuadro()->cajaEn(en(21, 21)), -1);
         else if (justifica) {
             const Caja& caja = m_w->editor().superficie.Imagen(11);
-            const double x = efecto == "3" ? caja.left()
+            const double x = efecto == "3"    ? caja.left()
                              : efecto == "53" ? caja.left() + caja.width()
                                               : caja.left() + caja.width() / 2;
             QCOMPARE(x, efecto.toDouble());
-        }
-        else
+        } else
             QCOMPARE(m_ui.log.filter(efecto + ": ").size(), 1);
     }
 

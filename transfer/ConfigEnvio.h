@@ -1,8 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <QString>
 #include <QStringList>
-#include <cstdint>
 
 struct ModBase;
 

@@ -313,8 +313,7 @@ void Envio::siguienteCampo()
         terminar();
         return;
     }
-    m_progreso.setTexto(texto(516) + ' ' + texto(1337) + ' ' + texto(623) +
-                        QStringLiteral("..."));
+    m_progreso.setTexto(texto(516) + ' ' + texto(1337) + ' ' + texto(623) + QStringLiteral("..."));
     m_fase = Fase::TextosFijos;
     m_indice = 0;
     EnviaTextosFijos();

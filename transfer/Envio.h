@@ -6,12 +6,12 @@
 #include "Tramas.h"
 
 #include <cstdint>
+#include <exception>
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QList>
 #include <QString>
 #include <QTimer>
-#include <exception>
 
 struct ModBase;
 class UserInteraction;

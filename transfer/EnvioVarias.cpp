@@ -5,8 +5,7 @@
 #include "FileSystem.h"
 #include "UserInteraction.h"
 
-EnvioVarias::EnvioVarias(const ModBase& mb, UserInteraction& persona)
-    : m_mb(mb), m_persona(persona)
+EnvioVarias::EnvioVarias(const ModBase& mb, UserInteraction& persona) : m_mb(mb), m_persona(persona)
 {}
 
 EnvioVarias::~EnvioVarias() = default;
@@ -74,8 +73,9 @@ bool EnvioVarias::enviar(bool conTraza, bool todas)
         etiquetas = m_conjunto->etiquetas();
     } else {
         m_etiqueta = m_mb;
-        etiquetas.append({decodeFor(m_etiqueta.Idioma, m_etiqueta.TipoEtiqueta + m_etiqueta.NumEtiqueta),
-                          &m_etiqueta});
+        etiquetas.append(
+            {decodeFor(m_etiqueta.Idioma, m_etiqueta.TipoEtiqueta + m_etiqueta.NumEtiqueta),
+             &m_etiqueta});
     }
     m_flota = std::make_unique<Flota>(etiquetas, elegidas, m_mb.programDir, m_traza.get());
     connect(m_flota.get(), &Flota::progreso, this, [this](int i) { emit progreso(m_filas.at(i)); });

@@ -3,9 +3,9 @@
 #include "Flota.h"
 #include "ModBase.h"
 
+#include <memory>
 #include <QList>
 #include <QObject>
-#include <memory>
 
 class UserInteraction;
 

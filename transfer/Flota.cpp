@@ -3,10 +3,10 @@
 #include "CodePage.h"
 #include "FileCommands.h"
 #include "FileSystem.h"
-#include "TextLines.h"
 #include "ModBase.h"
 #include "PuertoTcp.h"
 #include "RuntimeError.h"
+#include "TextLines.h"
 
 #include <QDateTime>
 #include <QEventLoop>
@@ -16,7 +16,7 @@
 namespace {
 
 // The columns of a list of scales; the first three must be there.
-const QStringList kColumnas = {QStringLiteral("name"), QStringLiteral("port"),
+const QStringList kColumnas = {QStringLiteral("name"),   QStringLiteral("port"),
                                QStringLiteral("equipo"), QStringLiteral("baud"),
                                QStringLiteral("parity"), QStringLiteral("data"),
                                QStringLiteral("stop")};
@@ -70,7 +70,9 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
         // A person fixes the first mistakes first; a file that is no list
         // at all is not told line by line to its end.
         if (errores.size() >= kMaxErrores) {
-            errores.append(QStringLiteral("line %1: reading stopped after %2 mistakes").arg(n).arg(kMaxErrores));
+            errores.append(QStringLiteral("line %1: reading stopped after %2 mistakes")
+                               .arg(n)
+                               .arg(kMaxErrores));
             return {};
         }
         QStringList campos = linea.split(',');
@@ -84,9 +86,10 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
             for (int k = 0; k < campos.size(); ++k) {
                 const QString& c = campos.at(k);
                 if (!kColumnas.contains(c))
-                    errores.append(QStringLiteral("line %1: unknown column '%2' (the columns are %3)")
-                                       .arg(n)
-                                       .arg(c, kColumnas.join(',')));
+                    errores.append(
+                        QStringLiteral("line %1: unknown column '%2' (the columns are %3)")
+                            .arg(n)
+                            .arg(c, kColumnas.join(',')));
                 else if (campos.indexOf(c) != k)
                     errores.append(QStringLiteral("line %1: column '%2' twice").arg(n).arg(c));
             }
@@ -122,7 +125,8 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
         if (b.nombre.isEmpty()) {
             error(QStringLiteral("no name"));
             bien = false;
-        } else if (const auto otra = vistos.constFind(b.nombre.toLower()); otra != vistos.constEnd()) {
+        } else if (const auto otra = vistos.constFind(b.nombre.toLower());
+                   otra != vistos.constEnd()) {
             error(QStringLiteral("the name '%1' is also on line %2").arg(b.nombre).arg(*otra));
             bien = false;
         } else {
@@ -155,7 +159,8 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
             error(QStringLiteral("bad data '%1' (7, 8)").arg(valor("data")));
             bien = false;
         }
-        if (!valorDe<int>(valor(QStringLiteral("stop")), {"1", "2"}, {1, 2}, b.ajustes.bitsParada)) {
+        if (!valorDe<int>(valor(QStringLiteral("stop")), {"1", "2"}, {1, 2},
+                          b.ajustes.bitsParada)) {
             error(QStringLiteral("bad stop '%1' (1, 2)").arg(valor("stop")));
             bien = false;
         }
@@ -216,7 +221,8 @@ QString descripcionTrama(const ModBase& mb, Envio::Fase fase, int indice)
 void TrazaEnvio::seguir(Envio& envio, const QString& balanza, const EtiquetaEnvio& etiqueta)
 {
     const auto linea = [this, balanza, etiqueta](const char* sentido, Envio::Fase fase, int indice,
-                                                 const QByteArray& bytes, const QString& veredicto) {
+                                                 const QByteArray& bytes,
+                                                 const QString& veredicto) {
         QString l = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs) + '\t' + balanza +
                     '\t' + etiqueta.nombre + '\t' + QLatin1String(sentido) + '\t' +
                     descripcionTrama(*etiqueta.mb, fase, indice) + '\t' +
@@ -235,7 +241,8 @@ void TrazaEnvio::seguir(Envio& envio, const QString& balanza, const EtiquetaEnvi
                          if (resultado == 0)
                              veredicto = QStringLiteral("accepted");
                          else if (r.isEmpty())
-                             veredicto = QStringLiteral("no reply within %1 ms").arg(Envio::EsperaMs);
+                             veredicto =
+                                 QStringLiteral("no reply within %1 ms").arg(Envio::EsperaMs);
                          else if (!r.endsWith(trama::Terminador))
                              veredicto = QStringLiteral("reply cut short by the wait");
                          else

@@ -3,13 +3,13 @@
 #include "Envio.h"
 #include "UserInteraction.h"
 
+#include <deque>
+#include <memory>
 #include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringList>
-#include <deque>
 #include <vector>
-#include <memory>
 
 struct ModBase;
 

@@ -96,8 +96,7 @@ class PuertoDispositivoBase : public PuertoSerie {
 public:
     PuertoDispositivoBase(const QString& programDir, QObject* parent)
         : PuertoSerie(parent), m_programDir(programDir)
-    {
-    }
+    {}
 
     // An explicit device, for the command line.
     void setDevice(const QString& device) { m_dispositivo = device; }

@@ -9,10 +9,9 @@ QString ultimoError()
 {
     const DWORD codigo = GetLastError();
     wchar_t* texto = nullptr;
-    const DWORD n = FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
-                                       FORMAT_MESSAGE_IGNORE_INSERTS,
-                                   nullptr, codigo, 0, reinterpret_cast<wchar_t*>(&texto), 0,
-                                   nullptr);
+    const DWORD n = FormatMessageW(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, codigo, 0, reinterpret_cast<wchar_t*>(&texto), 0, nullptr);
     QString s = n ? QString::fromWCharArray(texto, static_cast<int>(n)).trimmed()
                   : QStringLiteral("error %1").arg(codigo);
     if (texto)
@@ -20,7 +19,10 @@ QString ultimoError()
     return s;
 }
 
-HANDLE manejador(void* h) { return static_cast<HANDLE>(h); }
+HANDLE manejador(void* h)
+{
+    return static_cast<HANDLE>(h);
+}
 
 } // namespace
 
@@ -43,9 +45,8 @@ bool PuertoSerieWin::open()
     close();
     m_enUso = nombre();
     // "\\.\COM12": the device namespace, which every COM number needs past 9.
-    const QString ruta = m_enUso.startsWith(QLatin1String("\\\\"))
-                             ? m_enUso
-                             : QStringLiteral("\\\\.\\") + m_enUso;
+    const QString ruta =
+        m_enUso.startsWith(QLatin1String("\\\\")) ? m_enUso : QStringLiteral("\\\\.\\") + m_enUso;
     HANDLE h = CreateFileW(reinterpret_cast<const wchar_t*>(ruta.utf16()),
                            GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     if (h == INVALID_HANDLE_VALUE) {
@@ -91,18 +92,22 @@ bool PuertoSerieWin::open()
     const BYTE bits = m_ajustes.bitsDatos == 7 ? 7 : 8;
     const BYTE parada = m_ajustes.bitsParada == 2 ? TWOSTOPBITS : ONESTOPBIT;
     const DWORD velocidad = static_cast<DWORD>(m_ajustes.baudios);
-    if (!aplicar(A::Velocidad, [&](DCB& d) { d.BaudRate = velocidad; },
-                 [&](const DCB& d) { return d.BaudRate == velocidad; }) ||
-        !aplicar(A::Paridad,
-                 [&](DCB& d) {
-                     d.Parity = paridad;
-                     d.fParity = paridad != NOPARITY;
-                 },
-                 [&](const DCB& d) { return d.Parity == paridad; }) ||
-        !aplicar(A::BitsDatos, [&](DCB& d) { d.ByteSize = bits; },
-                 [&](const DCB& d) { return d.ByteSize == bits; }) ||
-        !aplicar(A::BitsParada, [&](DCB& d) { d.StopBits = parada; },
-                 [&](const DCB& d) { return d.StopBits == parada; }))
+    if (!aplicar(
+            A::Velocidad, [&](DCB& d) { d.BaudRate = velocidad; },
+            [&](const DCB& d) { return d.BaudRate == velocidad; }) ||
+        !aplicar(
+            A::Paridad,
+            [&](DCB& d) {
+                d.Parity = paridad;
+                d.fParity = paridad != NOPARITY;
+            },
+            [&](const DCB& d) { return d.Parity == paridad; }) ||
+        !aplicar(
+            A::BitsDatos, [&](DCB& d) { d.ByteSize = bits; },
+            [&](const DCB& d) { return d.ByteSize == bits; }) ||
+        !aplicar(
+            A::BitsParada, [&](DCB& d) { d.StopBits = parada; },
+            [&](const DCB& d) { return d.StopBits == parada; }))
         return false;
 
     // Reads return at once with what there is; writes wait for the line.

@@ -25,8 +25,9 @@ constexpr int SinConexion = 2104;
 
 bool direccionTcp(const QString& nombre, QString* host, quint16* puerto)
 {
-    static const QRegularExpression forma(QStringLiteral("^tcp://([^/:\\s]+|\\[[0-9A-Fa-f:.]+\\]):([0-9]{1,5})$"),
-                                          QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression forma(
+        QStringLiteral("^tcp://([^/:\\s]+|\\[[0-9A-Fa-f:.]+\\]):([0-9]{1,5})$"),
+        QRegularExpression::CaseInsensitiveOption);
     const QString limpio = nombre.trimmed();
     if (!limpio.startsWith(QLatin1String("tcp://"), Qt::CaseInsensitive))
         return false; // the common case, without the expression's cost
@@ -171,7 +172,8 @@ QString nombreDeCom(const QString& programDir, int numero)
         return dispositivo;
 #ifdef Q_OS_UNIX
     char destino[512];
-    const ssize_t n = ::readlink(QFile::encodeName(entrada).constData(), destino, sizeof destino - 1);
+    const ssize_t n =
+        ::readlink(QFile::encodeName(entrada).constData(), destino, sizeof destino - 1);
     if (n > 0) {
         const QString texto = QFile::decodeName(QByteArray(destino, static_cast<int>(n)));
         if (direccionTcp(texto))
@@ -204,7 +206,7 @@ std::unique_ptr<PuertoSerie> crearPuerto(const QString& programDir, const QStrin
     if (direccionTcp(nombre))
         return std::make_unique<PuertoTcp>(nombre);
     static const QRegularExpression com(QStringLiteral("^COM([1-9])$"),
-                                         QRegularExpression::CaseInsensitiveOption);
+                                        QRegularExpression::CaseInsensitiveOption);
     if (const auto m = com.match(nombre); m.hasMatch()) {
         const int numero = m.captured(1).toInt();
         const QString destino = nombreDeCom(programDir, numero);

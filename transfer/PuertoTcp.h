@@ -2,8 +2,8 @@
 
 #include "PuertoSerie.h"
 
-#include <QTcpSocket>
 #include <memory>
+#include <QTcpSocket>
 
 // A scale on the network, by its own Ethernet port or behind a serial device
 // server that passes a TCP connection through to the scale's line. The

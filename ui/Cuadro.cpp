@@ -5,8 +5,8 @@
 #include "EditorEtiqueta.h"
 #include "Picture.h"
 
-#include <QGuiApplication>
 #include <algorithm>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -16,7 +16,10 @@ using namespace Escala;
 
 namespace {
 
-QColor colorDe(uint32_t rgb) { return QColor::fromRgb(rgb); }
+QColor colorDe(uint32_t rgb)
+{
+    return QColor::fromRgb(rgb);
+}
 
 BotonRaton botonDe(Qt::MouseButton b)
 {
@@ -273,7 +276,8 @@ Regla::Regla(Qt::Orientation orientacion, QWidget* parent)
     : QWidget(parent), m_orientacion(orientacion),
       m_paso(orientacion == Qt::Horizontal ? kPxPorUnidadHor : kPxPorUnidadVer)
 {
-    setObjectName(orientacion == Qt::Horizontal ? QStringLiteral("Image1") : QStringLiteral("Image2"));
+    setObjectName(orientacion == Qt::Horizontal ? QStringLiteral("Image1")
+                                                : QStringLiteral("Image2"));
 }
 
 void Regla::setPaso(double px)
@@ -323,7 +327,8 @@ void Regla::paintEvent(QPaintEvent*)
         else
             p.drawLine(QPointF(grueso, pos), QPointF(grueso - t, pos));
         if (i % 10 == 0 && i > 0)
-            p.drawText(rectNumero(i), Qt::AlignLeft | (horizontal ? Qt::AlignVCenter : Qt::AlignTop),
+            p.drawText(rectNumero(i),
+                       Qt::AlignLeft | (horizontal ? Qt::AlignVCenter : Qt::AlignTop),
                        QString::number(i));
     }
 }

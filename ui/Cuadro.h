@@ -1,9 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <QPointF>
 #include <QRectF>
 #include <QWidget>
-#include <functional>
 
 #include "Vista.h"
 
@@ -21,7 +21,10 @@ constexpr double kPxPorMm = 5.0;
 constexpr double kPxPorUnidadHor = 2.0 * kPxPorMm;
 constexpr double kPxPorUnidadVer = 10.0 / 9.0 * kPxPorMm;
 constexpr double kTwipsPorMm = 56.7;
-inline int px(double mm) { return qRound(mm * kPxPorMm); }
+inline int px(double mm)
+{
+    return qRound(mm * kPxPorMm);
+}
 constexpr double kZoomInicial = kPxPorUnidadHor / Zoom::kPxPorUnidadHorReal;
 } // namespace Escala
 

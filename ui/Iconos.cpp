@@ -1,9 +1,9 @@
 #include "Iconos.h"
 
+#include <functional>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
-#include <functional>
 
 namespace {
 
@@ -131,15 +131,16 @@ const std::pair<const char*, Dibujo> kDibujos[] = {
          p.drawPolygon(QPolygonF({QPointF(2, 6), QPointF(8, 6), QPointF(10, 8), QPointF(19, 8),
                                   QPointF(19, 20), QPointF(2, 20)}));
          p.setBrush(QColor(250, 215, 110));
-         p.drawPolygon(QPolygonF({QPointF(2, 20), QPointF(6, 11), QPointF(23, 11), QPointF(19, 20)}));
+         p.drawPolygon(
+             QPolygonF({QPointF(2, 20), QPointF(6, 11), QPointF(23, 11), QPointF(19, 20)}));
      }},
     {"Guardar",
      [](QPainter& p) {
          // A diskette: shutter at the top, label below.
          p.setPen(lapiz());
          p.setBrush(QColor(60, 90, 160));
-         p.drawPolygon(QPolygonF({QPointF(3, 3), QPointF(19, 3), QPointF(21, 5), QPointF(21, 21),
-                                  QPointF(3, 21)}));
+         p.drawPolygon(QPolygonF(
+             {QPointF(3, 3), QPointF(19, 3), QPointF(21, 5), QPointF(21, 21), QPointF(3, 21)}));
          p.setBrush(QColor(200, 200, 210));
          p.drawRect(QRectF(7, 3, 9, 6));
          p.setBrush(Qt::white);
@@ -151,11 +152,11 @@ const std::pair<const char*, Dibujo> kDibujos[] = {
          hoja(p, QRectF(1, 3, 9, 12), Qt::white);
          p.setPen(lapiz());
          p.setBrush(QColor(200, 200, 200));
-         p.drawRect(QRectF(13, 17, 10, 4));               // body
-         p.drawLine(QPointF(18, 17), QPointF(18, 14));    // column
-         p.drawRect(QRectF(13, 12, 10, 2));               // platter
+         p.drawRect(QRectF(13, 17, 10, 4));            // body
+         p.drawLine(QPointF(18, 17), QPointF(18, 14)); // column
+         p.drawRect(QRectF(13, 12, 10, 2));            // platter
          p.setBrush(QColor(120, 220, 120));
-         p.drawRect(QRectF(15, 18, 6, 2));                // display
+         p.drawRect(QRectF(15, 18, 6, 2)); // display
          flecha(p, QPointF(6, 19), QPointF(12, 19), QColor(40, 90, 200));
      }},
     {"Salir",

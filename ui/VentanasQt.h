@@ -13,8 +13,7 @@ public:
     // its first label, as Open would (the program's command line).
     explicit VentanasQt(UserInteraction& ui, QString archivo = {})
         : m_ui(ui), m_archivo(std::move(archivo))
-    {
-    }
+    {}
     void mostrarSplash(ModBase& mb) override;
     void mostrarBase(ModBase& mb) override;
 

@@ -6,13 +6,14 @@
 #include "Cuadro.h"
 #include "Dialogos.h"
 #include "FileSystem.h"
+#include "frmCargaTXL.h"
+#include "frmVistaPrevia.h"
 #include "Iconos.h"
 #include "ModBase.h"
 #include "Recuperacion.h"
 #include "TraduccionQt.h"
-#include "frmCargaTXL.h"
-#include "frmVistaPrevia.h"
 
+#include <algorithm>
 #include <QAction>
 #include <QActionGroup>
 #include <QCloseEvent>
@@ -34,7 +35,6 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
-#include <algorithm>
 
 using Escala::px;
 
@@ -52,10 +52,10 @@ struct BotonToolbar {
     int textId; // 0: the tip is the label's size, written on the button
 };
 constexpr BotonToolbar kBotones[] = {
-    {1, "Nueva", 1312},       {3, "Abrir", 1311},         {4, "Guardar", 1313},
-    {6, "Enviar", 43},        {8, "Salir", 7},            {12, "AjusteIzda", 1334},
-    {13, "AjusteArriba", 1335}, {16, "JustIzda", 1331},   {17, "JustCentr", 1332},
-    {18, "JustDcha", 1333},   {21, "Eti45", 0},           {22, "Eti60", 0},
+    {1, "Nueva", 1312},         {3, "Abrir", 1311},     {4, "Guardar", 1313},
+    {6, "Enviar", 43},          {8, "Salir", 7},        {12, "AjusteIzda", 1334},
+    {13, "AjusteArriba", 1335}, {16, "JustIzda", 1331}, {17, "JustCentr", 1332},
+    {18, "JustDcha", 1333},     {21, "Eti45", 0},       {22, "Eti60", 0},
     {25, "Convertir", 1340},
 };
 
@@ -68,9 +68,15 @@ void CasillaModelo::mousePressEvent(QMouseEvent* e)
     e->accept();
 }
 
-void CasillaModelo::mouseReleaseEvent(QMouseEvent* e) { e->accept(); }
+void CasillaModelo::mouseReleaseEvent(QMouseEvent* e)
+{
+    e->accept();
+}
 
-void CasillaModelo::mouseMoveEvent(QMouseEvent* e) { e->accept(); }
+void CasillaModelo::mouseMoveEvent(QMouseEvent* e)
+{
+    e->accept();
+}
 
 void CasillaModelo::keyPressEvent(QKeyEvent* e)
 {
@@ -117,9 +123,8 @@ frmBase::frmBase(ModBase& mb, UserInteraction& ui, QWidget* parent)
     m_historial.reiniciar();
     refresh();
     // From here on the work in hand outlives what the program does not foresee.
-    recuperacion::registrar(m_mb, [this] {
-        return m_files.GuardarRecuperacion(QDateTime::currentDateTime());
-    });
+    recuperacion::registrar(
+        m_mb, [this] { return m_files.GuardarRecuperacion(QDateTime::currentDateTime()); });
 }
 
 frmBase::~frmBase()
@@ -170,18 +175,22 @@ void frmBase::construirMenus()
     };
 
     QMenu* archivo = menu("mnuArchivo", 1292);
-    QAction* cargar = entrada(archivo, "mnuArchivoCargar", 1296, true, QKeySequence(Qt::CTRL | Qt::Key_O));
+    QAction* cargar =
+        entrada(archivo, "mnuArchivoCargar", 1296, true, QKeySequence(Qt::CTRL | Qt::Key_O));
     connect(cargar, &QAction::triggered, this, [this] { orden([this] { m_files.Abrir_Eti(); }); });
-    QAction* guardar = entrada(archivo, "mnuArchivoGuardar", 1297, false, QKeySequence(Qt::CTRL | Qt::Key_S));
+    QAction* guardar =
+        entrada(archivo, "mnuArchivoGuardar", 1297, false, QKeySequence(Qt::CTRL | Qt::Key_S));
     connect(guardar, &QAction::triggered, this, [this] { orden([this] { m_files.Guardar(); }); });
     QAction* guardarComo = entrada(archivo, "mnuArchivoGuardarComo", 1298, true);
-    connect(guardarComo, &QAction::triggered, this, [this] { orden([this] { m_files.GuardaEtiComo(); }); });
+    connect(guardarComo, &QAction::triggered, this,
+            [this] { orden([this] { m_files.GuardaEtiComo(); }); });
     archivo->addSeparator();
     QAction* salir = entrada(archivo, "mnuArchivoSalir", 1299, false);
     connect(salir, &QAction::triggered, this, &QWidget::close);
 
     QMenu* etiqueta = menu("mnuEtiqueta", 1293);
-    QAction* nueva = entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
+    QAction* nueva =
+        entrada(etiqueta, "mnuEtiquetaNueva", 1301, true, QKeySequence(Qt::CTRL | Qt::Key_N));
     connect(nueva, &QAction::triggered, this, [this] { orden([this] { m_files.menuNueva(); }); });
     QAction* enviar = entrada(etiqueta, "mnuEtiquetaEnviar", 1302, true);
     connect(enviar, &QAction::triggered, this,
@@ -191,13 +200,17 @@ void frmBase::construirMenus()
     m_mnuDeshacer = etiqueta->addAction(QString());
     m_mnuDeshacer->setObjectName(QStringLiteral("mnuEtiquetaDeshacer"));
     m_mnuDeshacer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
-    connect(m_mnuDeshacer, &QAction::triggered, this, [this] { orden([this] { m_historial.deshacer(); }); });
+    connect(m_mnuDeshacer, &QAction::triggered, this,
+            [this] { orden([this] { m_historial.deshacer(); }); });
     m_mnuRehacer = etiqueta->addAction(QString());
     m_mnuRehacer->setObjectName(QStringLiteral("mnuEtiquetaRehacer"));
-    m_mnuRehacer->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
-    connect(m_mnuRehacer, &QAction::triggered, this, [this] { orden([this] { m_historial.rehacer(); }); });
+    m_mnuRehacer->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    connect(m_mnuRehacer, &QAction::triggered, this,
+            [this] { orden([this] { m_historial.rehacer(); }); });
     etiqueta->addSeparator();
-    QAction* vista = entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
+    QAction* vista =
+        entrada(etiqueta, "mnuEtiquetaVista", 450, false, QKeySequence(Qt::CTRL | Qt::Key_P));
     connect(vista, &QAction::triggered, this, [this] {
         frmVistaPrevia preview(m_mb, this);
         preview.exec();
@@ -211,10 +224,12 @@ void frmBase::construirMenus()
     QMenu* ver = menu("mnuVer", 2210);
     QAction* acercar = entrada(ver, "mnuVerAcercar", 2211, false);
     acercar->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    connect(acercar, &QAction::triggered, this, [this] { fijarZoom(Zoom::acercar(m_cuadro->zoom())); });
+    connect(acercar, &QAction::triggered, this,
+            [this] { fijarZoom(Zoom::acercar(m_cuadro->zoom())); });
     QAction* alejar = entrada(ver, "mnuVerAlejar", 2212, false);
     alejar->setShortcuts(QKeySequence::ZoomOut);
-    connect(alejar, &QAction::triggered, this, [this] { fijarZoom(Zoom::alejar(m_cuadro->zoom())); });
+    connect(alejar, &QAction::triggered, this,
+            [this] { fijarZoom(Zoom::alejar(m_cuadro->zoom())); });
     QAction* real = entrada(ver, "mnuVerReal", 2213, false, QKeySequence(Qt::CTRL | Qt::Key_0));
     connect(real, &QAction::triggered, this, [this] { fijarZoom(1); });
     m_mnuAjustar = entrada(ver, "mnuVerAjustar", 2214, false);
@@ -223,9 +238,11 @@ void frmBase::construirMenus()
 
     QMenu* fondo = menu("mnuFondo", 1294);
     QAction* agregar = entrada(fondo, "mnuFondoAgregar", 1303, true);
-    connect(agregar, &QAction::triggered, this, [this] { orden([this] { m_editor.fondo.mnuFondoAgregar(); }); });
+    connect(agregar, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.fondo.mnuFondoAgregar(); }); });
     QAction* eliminar = entrada(fondo, "mnuFondoEliminar", 1304, false);
-    connect(eliminar, &QAction::triggered, this, [this] { orden([this] { m_editor.fondo.mnuFondoEliminar(); }); });
+    connect(eliminar, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.fondo.mnuFondoEliminar(); }); });
     fondo->addSeparator();
     m_mnuFondoParrilla = entrada(fondo, "mnuFondoParrilla", 1326, false);
     m_mnuFondoParrilla->setCheckable(true);
@@ -268,7 +285,8 @@ void frmBase::construirEmergentes()
         QAction* a = m_mnuDESC->addAction(QString());
         a->setObjectName(QStringLiteral("mnuDES%1").arg(i));
         a->setCheckable(true);
-        connect(a, &QAction::triggered, this, [this, i] { orden([this, i] { m_editor.clicMnuDES(i); }); });
+        connect(a, &QAction::triggered, this,
+                [this, i] { orden([this, i] { m_editor.clicMnuDES(i); }); });
         m_mnuDES[i] = a;
     }
     for (int k = 0; k <= 13; ++k) {
@@ -276,7 +294,8 @@ void frmBase::construirEmergentes()
         a->setObjectName(QStringLiteral("mnuVisual%1").arg(k));
         a->setCheckable(k != 13);
         m_entradas.append({a, entradaVisual(k).textId, false});
-        connect(a, &QAction::triggered, this, [this, k] { orden([this, k] { m_editor.clicMnuVisual(k); }); });
+        connect(a, &QAction::triggered, this,
+                [this, k] { orden([this, k] { m_editor.clicMnuVisual(k); }); });
         m_mnuVisual[k] = a;
     }
 
@@ -288,7 +307,8 @@ void frmBase::construirEmergentes()
         a->setObjectName(QStringLiteral("mnuDer%1").arg(k));
         a->setCheckable(k != 4);
         m_entradas.append({a, tamanos[k], false});
-        connect(a, &QAction::triggered, this, [this, k] { orden([this, k] { m_editor.clicMnuDer(k); }); });
+        connect(a, &QAction::triggered, this,
+                [this, k] { orden([this, k] { m_editor.clicMnuDer(k); }); });
         m_mnuDer[k] = a;
     }
 
@@ -297,7 +317,8 @@ void frmBase::construirEmergentes()
     QAction* editar = m_mnuDerecho2->addAction(QString());
     editar->setObjectName(QStringLiteral("mnuDerTXFEdit"));
     m_entradas.append({editar, 36, false});
-    connect(editar, &QAction::triggered, this, [this] { orden([this] { m_editor.clicMnuDerTXFEdit(); }); });
+    connect(editar, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.clicMnuDerTXFEdit(); }); });
     m_mnuDerTXFborrar = m_mnuDerecho2->addAction(QString());
     m_mnuDerTXFborrar->setObjectName(QStringLiteral("mnuDerTXFborrar"));
     m_entradas.append({m_mnuDerTXFborrar, 38, false});
@@ -308,7 +329,8 @@ void frmBase::construirEmergentes()
     m_mnuOcultar->setObjectName(QStringLiteral("mnuOcultar"));
     m_mnuBandas = m_mnuOcultar->addAction(QString());
     m_mnuBandas->setObjectName(QStringLiteral("mnuBandas"));
-    connect(m_mnuBandas, &QAction::triggered, this, [this] { orden([this] { m_editor.clicMnuBandas(); }); });
+    connect(m_mnuBandas, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.clicMnuBandas(); }); });
 }
 
 void frmBase::construirToolbar()
@@ -460,7 +482,8 @@ void frmBase::construirLienzo()
     tamanos->setHorizontalSpacing(px(1));
     tamanos->setVerticalSpacing(px(1.5));
     const auto tamano = [&](int fila, const char* nombre, const char* nombreValor,
-                            const char* nombreBarra, QLabel*& lbl, QLineEdit*& txt, QScrollBar*& vs) {
+                            const char* nombreBarra, QLabel*& lbl, QLineEdit*& txt,
+                            QScrollBar*& vs) {
         lbl = new QLabel(m_lienzo);
         lbl->setObjectName(QString::fromLatin1(nombre));
         txt = valor(nombreValor);
@@ -499,7 +522,8 @@ void frmBase::construirLienzo()
         b->setObjectName(QStringLiteral("CBDisplay%1").arg(i));
         b->setFocusPolicy(Qt::NoFocus);
         b->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        connect(b, &QPushButton::clicked, this, [this, i] { orden([this, i] { m_editor.pulsarCBDisplay(i); }); });
+        connect(b, &QPushButton::clicked, this,
+                [this, i] { orden([this, i] { m_editor.pulsarCBDisplay(i); }); });
         m_CBDisplay[i] = b;
     }
 
@@ -546,9 +570,9 @@ void frmBase::construirLienzo()
         l->setFrameShadow(QFrame::Sunken);
         l->setAutoFillBackground(true);
         l->alPulsar = [this, i](Qt::MouseButton b) {
-            m_editor.pulsarTXF(i + 1, b == Qt::RightButton ? BotonRaton::Derecho
-                                       : b == Qt::LeftButton ? BotonRaton::Izquierdo
-                                                             : BotonRaton::Otro);
+            m_editor.pulsarTXF(i + 1, b == Qt::RightButton  ? BotonRaton::Derecho
+                                      : b == Qt::LeftButton ? BotonRaton::Izquierdo
+                                                            : BotonRaton::Otro);
         };
         m_lblTXF[i] = l;
     }
@@ -648,8 +672,9 @@ void frmBase::situarLienzo()
         if (m_editor.CBDisplay(i).visible)
             visibles.append(i);
     }
-    std::stable_sort(visibles.begin(), visibles.end(),
-                     [this](int a, int b) { return m_editor.CBDisplay(a).top < m_editor.CBDisplay(b).top; });
+    std::stable_sort(visibles.begin(), visibles.end(), [this](int a, int b) {
+        return m_editor.CBDisplay(a).top < m_editor.CBDisplay(b).top;
+    });
     // Both columns as wide as the widest caption asks.
     int ancho = 0;
     for (QPushButton* b : m_CBDisplay)
@@ -745,16 +770,19 @@ void frmBase::traerDentro(const QRect& libre)
     if (libre.contains(frameGeometry()))
         return;
     QRect r = frameGeometry();
-    r.moveLeft(std::clamp(r.left(), libre.left(), std::max(libre.left(), libre.right() - r.width() + 1)));
-    r.moveTop(std::clamp(r.top(), libre.top(), std::max(libre.top(), libre.bottom() - r.height() + 1)));
+    r.moveLeft(
+        std::clamp(r.left(), libre.left(), std::max(libre.left(), libre.right() - r.width() + 1)));
+    r.moveTop(
+        std::clamp(r.top(), libre.top(), std::max(libre.top(), libre.bottom() - r.height() + 1)));
     move(r.topLeft());
 }
 
 bool frmBase::sobreCajaTexto(const QPoint& global) const
 {
     // The boxes where a dragged field may be let go to no effect.
-    for (const QWidget* w : std::initializer_list<const QWidget*>{
-             m_TxtEtiq, m_TxtHor, m_TxtNombre, m_TxtNumEtiq, m_TxtValorHor, m_TxtValorVer, m_TxtVer})
+    for (const QWidget* w :
+         std::initializer_list<const QWidget*>{m_TxtEtiq, m_TxtHor, m_TxtNombre, m_TxtNumEtiq,
+                                               m_TxtValorHor, m_TxtValorVer, m_TxtVer})
         if (w->rect().contains(w->mapFromGlobal(global)))
             return true;
     return false;
@@ -821,15 +849,17 @@ void frmBase::construirTeclado()
         auto* a = new QAction(this);
         a->setObjectName(QString::fromLatin1(t.nombre));
         a->setShortcut(t.secuencia);
-        connect(a, &QAction::triggered, this,
-                [this, h = t.hor, v = t.ver] { orden([this, h, v] { m_editor.moverSeleccion(h, v); }); });
+        connect(a, &QAction::triggered, this, [this, h = t.hor, v = t.ver] {
+            orden([this, h, v] { m_editor.moverSeleccion(h, v); });
+        });
         addAction(a);
         m_teclasSeleccion.append(a);
     }
     auto* borrar = new QAction(this);
     borrar->setObjectName(QStringLiteral("teclaSuprimir"));
     borrar->setShortcut(QKeySequence(Qt::Key_Delete));
-    connect(borrar, &QAction::triggered, this, [this] { orden([this] { m_editor.borrarSeleccion(); }); });
+    connect(borrar, &QAction::triggered, this,
+            [this] { orden([this] { m_editor.borrarSeleccion(); }); });
     addAction(borrar);
     m_teclasSeleccion.append(borrar);
 }
@@ -875,7 +905,8 @@ void frmBase::mostrar()
     for (int i = 0; i < 2; ++i) {
         const ::EtiquetaTXF& l = m_editor.superficie.lblTXF(i + 1);
         m_lblTXF[i]->setText(l.caption);
-        m_lblTXF[i]->setAlignment((l.centrado ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter);
+        m_lblTXF[i]->setAlignment((l.centrado ? Qt::AlignHCenter : Qt::AlignLeft) |
+                                  Qt::AlignVCenter);
         m_lblTXF[i]->setEnabled(l.enabled);
     }
 
@@ -946,7 +977,10 @@ void frmBase::repintarCuadro()
     mostrarEstado();
 }
 
-void frmBase::repintarVentana() { refresh(); }
+void frmBase::repintarVentana()
+{
+    refresh();
+}
 
 void frmBase::mostrarTXL()
 {

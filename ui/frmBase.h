@@ -3,15 +3,15 @@
 #include "EditorEtiqueta.h"
 #include "FileCommands.h"
 #include "Historial.h"
-#include "Vista.h"
 #include "UserInteraction.h"
+#include "Vista.h"
 
 #include "Picture.h"
 
+#include <functional>
 #include <QCheckBox>
 #include <QLabel>
 #include <QMainWindow>
-#include <functional>
 
 struct ModBase;
 class Cuadro;

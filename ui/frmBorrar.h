@@ -2,8 +2,8 @@
 
 #include "DialogoCampos.h"
 
-#include <QDialog>
 #include <array>
+#include <QDialog>
 
 struct ModBase;
 class QCheckBox;

@@ -6,8 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-CajaMayusculas::CajaMayusculas(QLineEdit* caja, int16_t idioma,
-                               std::function<void()> alPulsarEnter)
+CajaMayusculas::CajaMayusculas(QLineEdit* caja, int16_t idioma, std::function<void()> alPulsarEnter)
     : QObject(caja), m_caja(caja), m_idioma(idioma), m_enter(std::move(alPulsarEnter))
 {
     caja->installEventFilter(this);

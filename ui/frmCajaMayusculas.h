@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QObject>
 #include <cstdint>
 #include <functional>
+#include <QObject>
 
 class QLineEdit;
 

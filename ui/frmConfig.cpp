@@ -1,9 +1,9 @@
 #include "frmConfig.h"
 
 #include "ConfigEnvio.h"
-#include "ModBase.h"
 #include "frmEnvio.h"
 #include "frmFlota.h"
+#include "ModBase.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -36,8 +36,10 @@ frmConfig::frmConfig(ModBase& mb, UserInteraction& ui, QWidget* parent)
         QString texto;
         QComboBox* lista;
     } filas[] = {
-        {"txtCOM", QStringLiteral("COM"), cmbCOM},   {"txtBaud", T(261), cmbBaud},
-        {"txtPar", T(262), cmbPar},                  {"txtStop", T(1321), cmbStop},
+        {"txtCOM", QStringLiteral("COM"), cmbCOM},
+        {"txtBaud", T(261), cmbBaud},
+        {"txtPar", T(262), cmbPar},
+        {"txtStop", T(1321), cmbStop},
         {"txtDatos", T(263), cmbDatos},
     };
     int fila = 0;

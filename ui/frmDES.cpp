@@ -13,8 +13,8 @@
 
 namespace {
 
-const Qt::WindowFlags kFlags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                               Qt::WindowCloseButtonHint;
+const Qt::WindowFlags kFlags =
+    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 
 QHBoxLayout* filaBotones(QPushButton* ok, QPushButton* cancel)
 {

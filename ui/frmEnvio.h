@@ -2,8 +2,8 @@
 
 #include "Envio.h"
 
-#include <QDialog>
 #include <memory>
+#include <QDialog>
 
 struct ModBase;
 class QLabel;

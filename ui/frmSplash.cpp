@@ -80,7 +80,8 @@ frmSplash::frmSplash(ModBase& mb, QWidget* parent)
     lblVersion = new QLabel(estado.lblVersion, this);
     lblVersion->setObjectName(QStringLiteral("lblVersion"));
     lblVersion->setAlignment(Qt::AlignRight);
-    lblVersion->setStyleSheet(QStringLiteral("color: white; background: #2f4f6f; padding: 0 10px 8px 0;"));
+    lblVersion->setStyleSheet(
+        QStringLiteral("color: white; background: #2f4f6f; padding: 0 10px 8px 0;"));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

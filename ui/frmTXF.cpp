@@ -1,8 +1,8 @@
 #include "frmTXF.h"
 
 #include "DialogoTextos.h"
-#include "ModBase.h"
 #include "frmCajaMayusculas.h"
+#include "ModBase.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -26,14 +26,14 @@ frmTXF::frmTXF(ModBase& mb, QWidget* parent)
 
     auto* grid = new QGridLayout;
     for (int i = 0; i < 2; ++i) {
-        labelTXF[i] = new QLabel(T(1337) + QLatin1Char(' ') + QString::number(i + 1) +
-                                     QLatin1Char(':'),
-                                 this);
+        labelTXF[i] = new QLabel(
+            T(1337) + QLatin1Char(' ') + QString::number(i + 1) + QLatin1Char(':'), this);
         labelTXF[i]->setObjectName(QStringLiteral("labelTXF%1").arg(i + 1));
         QLineEdit* caja = TextTXF[i] = new QLineEdit(this);
         caja->setObjectName(QStringLiteral("TextTXF%1").arg(i + 1));
         caja->setMaxLength(25);
-        caja->setMinimumWidth(caja->fontMetrics().horizontalAdvance(QString(25, QLatin1Char('W'))) / 2 +
+        caja->setMinimumWidth(caja->fontMetrics().horizontalAdvance(QString(25, QLatin1Char('W'))) /
+                                  2 +
                               caja->fontMetrics().horizontalAdvance(QString(13, QLatin1Char('0'))));
         caja->setText(textoFijoParaCaja(m_mb.Idioma, m_mb.TextoFijo(i)));
         // Enter only moves on to the button, and not from an empty line.

@@ -1,7 +1,7 @@
 #include "frmTXL.h"
 
-#include "ModBase.h"
 #include "frmCajaMayusculas.h"
+#include "ModBase.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

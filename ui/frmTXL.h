@@ -2,8 +2,8 @@
 
 #include "DialogoTextos.h"
 
-#include <QDialog>
 #include <array>
+#include <QDialog>
 
 struct ModBase;
 class QCheckBox;

@@ -2,9 +2,9 @@
 // reviewable source, and refuses a source with a missing or empty text.
 #include "Catalogo.h"
 
+#include <cstdio>
 #include <QCoreApplication>
 #include <QFile>
-#include <cstdio>
 
 int main(int argc, char** argv)
 {

@@ -67,7 +67,9 @@ namespace {
 // could write anywhere on the machine.
 class MonkeyInteraction : public QtInteraction {
 public:
-    MonkeyInteraction(QRandomGenerator& rng, QString drawer) : m_rng(rng), m_drawer(std::move(drawer)) {}
+    MonkeyInteraction(QRandomGenerator& rng, QString drawer)
+        : m_rng(rng), m_drawer(std::move(drawer))
+    {}
 
     QString openFile(const FileDialogRequest&) override
     {
@@ -160,7 +162,8 @@ private:
     {
         QList<QWidget*> todos{ventana};
         for (QWidget* w : ventana->findChildren<QWidget*>())
-            if (w->isVisible() && w->isEnabled() && w->width() > 0 && w->height() > 0 && !salidaEvitada(w))
+            if (w->isVisible() && w->isEnabled() && w->width() > 0 && w->height() > 0 &&
+                !salidaEvitada(w))
                 todos.append(w);
         // Buttons are what a person goes for first.
         QList<QWidget*> botones;
@@ -172,7 +175,10 @@ private:
         return todos.at(m_rng.bounded(todos.size()));
     }
 
-    QPoint punto(QWidget* w) { return {m_rng.bounded(w->width()), m_rng.bounded(w->height())}; }
+    QPoint punto(QWidget* w)
+    {
+        return {m_rng.bounded(w->width()), m_rng.bounded(w->height())};
+    }
 
     // Every event may open a modal window whose loop runs further actions,
     // which may close the widget: each step looks again that it is there.
@@ -217,9 +223,10 @@ private:
 
     void tecla(QWidget* ventana)
     {
-        static const Qt::Key teclas[] = {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Left,
-                                         Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Delete,
-                                         Qt::Key_Backspace, Qt::Key_Space, Qt::Key_PageUp, Qt::Key_Home};
+        static const Qt::Key teclas[] = {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,
+                                         Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Up,
+                                         Qt::Key_Down,   Qt::Key_Delete, Qt::Key_Backspace,
+                                         Qt::Key_Space,  Qt::Key_PageUp, Qt::Key_Home};
         QWidget* destino = QApplication::focusWidget();
         if (!destino || destino->window() != ventana)
             destino = ventana;
@@ -235,7 +242,7 @@ private:
             if (guard)
                 QApplication::sendEvent(destino, &suelta);
         } else {
-            const Qt::KeyboardModifiers mods = tipo == 1 ? Qt::NoModifier
+            const Qt::KeyboardModifiers mods = tipo == 1          ? Qt::NoModifier
                                                : m_rng.bounded(2) ? Qt::ControlModifier
                                                                   : Qt::ShiftModifier;
             QTest::keyClick(destino, teclas[m_rng.bounded(int(std::size(teclas)))], mods);
@@ -248,16 +255,17 @@ private:
     void entrada(QWidget* ventana)
     {
         QList<QAction*> acciones;
-        const std::function<void(const QList<QAction*>&)> juntar = [&](const QList<QAction*>& lista) {
-            for (QAction* a : lista) {
-                if (!a->isEnabled() || !a->isVisible() || a->isSeparator())
-                    continue;
-                if (a->menu())
-                    juntar(a->menu()->actions());
-                else if (!salidaEvitada(a))
-                    acciones.append(a);
-            }
-        };
+        const std::function<void(const QList<QAction*>&)> juntar =
+            [&](const QList<QAction*>& lista) {
+                for (QAction* a : lista) {
+                    if (!a->isEnabled() || !a->isVisible() || a->isSeparator())
+                        continue;
+                    if (a->menu())
+                        juntar(a->menu()->actions());
+                    else if (!salidaEvitada(a))
+                        acciones.append(a);
+                }
+            };
         if (auto* menu = qobject_cast<QMenu*>(ventana))
             juntar(menu->actions());
         for (QMenuBar* barra : ventana->findChildren<QMenuBar*>())
@@ -299,7 +307,8 @@ QString binDir()
 void copiarArbol(const QString& de, const QString& a)
 {
     QDir().mkpath(a);
-    for (const QFileInfo& f : QDir(de).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
+    for (const QFileInfo& f :
+         QDir(de).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)) {
         if (f.isDir())
             copiarArbol(f.filePath(), QDir(a).filePath(f.fileName()));
         else
@@ -321,14 +330,16 @@ void prepararCarpeta(const QString& dir, QRandomGenerator& rng, const QString& f
         QFile(QDir(dir).filePath("sirel.new")).open(QIODevice::WriteOnly);
     QFile cfg(QDir(dir).filePath("cfg.ini"));
     cfg.open(QIODevice::WriteOnly);
-    cfg.write(QStringLiteral("Idioma = %1\r\nPuerto = 0\r\nBaudios = 3\r\nParidad = 0\r\n"
-                             "Bits de parada = 0\r\nBits de datos = 1\r\nSombreado = 0\r\nNo Fondo\r\n")
-                  .arg(1 + rng.bounded(8))
-                  .toLatin1());
+    cfg.write(
+        QStringLiteral("Idioma = %1\r\nPuerto = 0\r\nBaudios = 3\r\nParidad = 0\r\n"
+                       "Bits de parada = 0\r\nBits de datos = 1\r\nSombreado = 0\r\nNo Fondo\r\n")
+            .arg(1 + rng.bounded(8))
+            .toLatin1());
     cfg.close();
     QDir().mkpath(QDir(dir).filePath("dosdevices"));
     for (int n = 2; n <= 4; ++n)
-        QFile::link(QDir(dir).filePath("nowhere"), QDir(dir).filePath(QStringLiteral("dosdevices/com%1").arg(n)));
+        QFile::link(QDir(dir).filePath("nowhere"),
+                    QDir(dir).filePath(QStringLiteral("dosdevices/com%1").arg(n)));
 
     // The drawer: the seed files of every reader, good and damaged, and the
     // stock pictures.
@@ -347,7 +358,7 @@ void prepararCarpeta(const QString& dir, QRandomGenerator& rng, const QString& f
 }
 
 struct Final {
-    QString tipo;     // how the run ended
+    QString tipo; // how the run ended
     bool fallo = false;
 };
 
@@ -402,11 +413,13 @@ int supervisar(const QStringList& args)
         QProcess balanza;
         balanza.setProgram(QDir(binDir()).filePath("korvo-scale"));
         const QString registro = QDir(dir.path()).filePath("balanza.log");
-        balanza.setArguments({"--link", QDir(dir.path()).filePath("dosdevices/com1"), "--log", registro});
+        balanza.setArguments(
+            {"--link", QDir(dir.path()).filePath("dosdevices/com1"), "--log", registro});
         balanza.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         balanza.setStandardOutputFile(QProcess::nullDevice());
         balanza.start();
-        for (int i = 0; i < 50 && !QFileInfo(QDir(dir.path()).filePath("dosdevices/com1")).isSymLink(); ++i)
+        for (int i = 0;
+             i < 50 && !QFileInfo(QDir(dir.path()).filePath("dosdevices/com1")).isSymLink(); ++i)
             QThread::msleep(100);
 
         QProcess mono;
@@ -415,8 +428,8 @@ int supervisar(const QStringList& args)
             env.insert("QT_QPA_PLATFORM", "offscreen");
         mono.setProcessEnvironment(env);
         mono.start(QCoreApplication::applicationFilePath(),
-                   {"--child", "--seed", QString::number(semilla), "--actions", QString::number(acciones),
-                    "--program-dir", dir.path()});
+                   {"--child", "--seed", QString::number(semilla), "--actions",
+                    QString::number(acciones), "--program-dir", dir.path()});
         QByteArray out, err;
         QElapsedTimer ultimo;
         ultimo.start();
@@ -459,11 +472,12 @@ int supervisar(const QStringList& args)
             if (!QDir(QDir(dir.path()).filePath("recovery")).entryList(QDir::Files).isEmpty())
                 ++guardados;
         }
-        std::printf("seed %u: %s after about %d actions\n", semilla, qPrintable(f.tipo), hechasAqui);
+        std::printf("seed %u: %s after about %d actions\n", semilla, qPrintable(f.tipo),
+                    hechasAqui);
         if (f.fallo) {
             ++fallos;
-            std::fprintf(stderr, "---- seed %u failed (%s); its stderr:\n%s\n", semilla, qPrintable(f.tipo),
-                         err.right(6000).constData());
+            std::fprintf(stderr, "---- seed %u failed (%s); its stderr:\n%s\n", semilla,
+                         qPrintable(f.tipo), err.right(6000).constData());
         }
         // Failures, and the program's own errors too, to see what led there.
         if (!guardar.isEmpty() && (f.fallo || f.tipo.startsWith(QLatin1String("run-time")))) {
@@ -479,9 +493,10 @@ int supervisar(const QStringList& args)
                 reloj.elapsed() / 60000.0);
     for (const auto& [tipo, n] : finales)
         std::printf(" %s %d;", qPrintable(tipo), n);
-    std::printf("\nthe scale on COM1 saw %lld transfers begin and %lld end whole\n", qlonglong(aperturas),
-                qlonglong(cierres));
-    std::printf("the work was kept in recovery/ at %d of %d run-time error ends\n", guardados, errores);
+    std::printf("\nthe scale on COM1 saw %lld transfers begin and %lld end whole\n",
+                qlonglong(aperturas), qlonglong(cierres));
+    std::printf("the work was kept in recovery/ at %d of %d run-time error ends\n", guardados,
+                errores);
     std::printf("%d passed, %d failed\n", hechas - fallos, fallos);
     return fallos ? 1 : 0;
 }
@@ -494,8 +509,11 @@ int main(int argc, char** argv)
     for (int i = 1; i < argc; ++i)
         args.append(QString::fromLocal8Bit(argv[i]));
     if (args.contains(QStringLiteral("--child"))) {
-        const auto valor = [&](const char* nombre) { return args.at(args.indexOf(QString::fromLatin1(nombre)) + 1); };
-        return correr(argc, argv, valor("--seed").toUInt(), valor("--actions").toInt(), valor("--program-dir"));
+        const auto valor = [&](const char* nombre) {
+            return args.at(args.indexOf(QString::fromLatin1(nombre)) + 1);
+        };
+        return correr(argc, argv, valor("--seed").toUInt(), valor("--actions").toInt(),
+                      valor("--program-dir"));
     }
     QCoreApplication app(argc, argv);
     return supervisar(args);

@@ -8,10 +8,10 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFile>
-#include <QSet>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QHostAddress>
+#include <QSet>
 #include <QSocketNotifier>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -247,8 +247,8 @@ private:
             bool finDudoso = false;
             for (qsizetype i = 3; i < linea.entrada.size(); ++i) {
                 const auto c = static_cast<unsigned char>(linea.entrada.at(i - 1));
-                if (linea.entrada.at(i) != trama::Terminador || linea.entrada.at(i - 2) != trama::Fin ||
-                    c < 0x40 || c > 0x7F)
+                if (linea.entrada.at(i) != trama::Terminador ||
+                    linea.entrada.at(i - 2) != trama::Fin || c < 0x40 || c > 0x7F)
                     continue;
                 if (i - 1 <= trama::MaxCheck && CalCheck(linea.entrada.left(i - 1)) == c) {
                     fin = i;
@@ -352,15 +352,13 @@ private:
         }
         if (r.isEmpty())
             return;
-        int retraso =
-            n != 0 && (m_op.retrasoEn == 0 || m_op.retrasoEn == n) ? m_op.retraso : 0;
+        int retraso = n != 0 && (m_op.retrasoEn == 0 || m_op.retrasoEn == n) ? m_op.retraso : 0;
         if (m_op.baudiosLinea > 0) {
             // The frame's and the reply's own time on a line at that speed,
             // ten bits a byte, kept to the nanosecond across the frames.
             const qint64 ahora = m_reloj.nsecsElapsed();
             const qint64 bits = 10 * static_cast<qint64>(t.size() + r.size());
-            linea.libreNs =
-                std::max(linea.libreNs, ahora) + bits * 1000000000 / m_op.baudiosLinea;
+            linea.libreNs = std::max(linea.libreNs, ahora) + bits * 1000000000 / m_op.baudiosLinea;
             retraso += static_cast<int>(std::lround((linea.libreNs - ahora) / 1e6));
         }
         // The reply in pieces, spread out in time. Precise timers: a coarse one
@@ -458,8 +456,8 @@ int main(int argc, char** argv)
                                        "Take the line's own time at BAUD: ten bits a byte, frame "
                                        "and reply.",
                                        "BAUD");
-    p.addOptions({tcp, lineSpeed, link, log, refuseOpening, refuse, silent, garbage, shortReply, vanish, delay,
-                  delayAt, pieces, pieceGap, crInside, firstOnly});
+    p.addOptions({tcp, lineSpeed, link, log, refuseOpening, refuse, silent, garbage, shortReply,
+                  vanish, delay, delayAt, pieces, pieceGap, crInside, firstOnly});
     p.process(app);
 
     Opciones op;
