@@ -7,7 +7,9 @@ MONKEY_MINUTES ?= 30
 
 WINBUILD  ?= build-windows
 
-.PHONY: all deps configure build run test bench fuzz monkey clean windows windows-test
+SANBUILD  ?= build-sanitized
+
+.PHONY: all deps configure build run test test-sanitized tidy bench fuzz monkey clean windows windows-test
 
 all: build
 
@@ -27,6 +29,21 @@ run: build
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+# The whole suite again, built under AddressSanitizer and
+# UndefinedBehaviorSanitizer: any report fails the test that met it. .ci/run
+# runs it after `make test`.
+test-sanitized: deps
+	cmake -S . -B $(SANBUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKORVO_SANITIZE=ON
+	cmake --build $(SANBUILD) -j $(JOBS)
+	cd $(SANBUILD) && QT_QPA_PLATFORM=offscreen \
+	    ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1 \
+	    ctest --output-on-failure -j $(JOBS) --timeout 900
+
+# clang-tidy with the checks of .clang-tidy over the program's sources.
+tidy: build
+	run-clang-tidy -p $(BUILD) -j $(JOBS) -quiet $(shell ls core/*.cpp label/*.cpp editor/*.cpp \
+	    transfer/*.cpp preview/*.cpp ui/*.cpp app/*.cpp cli/*.cpp tools/*/*.cpp | grep -v PuertoSerieWin)
 
 bench: deps
 	cmake -S . -B $(BUILD)-bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DKORVO_BENCH=ON
@@ -58,4 +75,4 @@ windows-test: windows
 	scripts/test-windows $(WINBUILD) $(BUILD)
 
 clean:
-	rm -rf $(BUILD) $(BUILD)-bench $(FUZZBUILD) $(WINBUILD) dist
+	rm -rf $(BUILD) $(BUILD)-bench $(FUZZBUILD) $(WINBUILD) $(SANBUILD) dist

@@ -104,12 +104,10 @@ void EditorEtiqueta::colocarPendientes(const Pendientes& g)
         if (c.Presente != "1" || !(enOrigen || enPunto))
             continue;
         const int n = g.numero(i);
-        if (n == 0 || n > g.cuantos)
+        if (n == 0 || n > g.cuantos || !g.marca(m_mb, n))
             bloqueado = true;
-        else if (g.marca(m_mb, n) && primero == 0)
+        else if (primero == 0)
             primero = n;
-        else if (!g.marca(m_mb, n))
-            bloqueado = true;
     }
     for (int n = bloqueado ? 1 : primero + 1; n <= g.cuantos; ++n) {
         if (!g.marca(m_mb, n))

@@ -171,7 +171,7 @@ QImage dibToImage(const char* dib, size_t len)
     if (offBits - 14 > len)
         return {};
     QByteArray file;
-    file.reserve(static_cast<qsizetype>(14 + len));
+    file.reserve(static_cast<qsizetype>(len) + 14);
     file.append("BM");
     const auto le32 = [&file](uint32_t v) {
         char c[4];
@@ -454,7 +454,7 @@ public:
         if (inPath)
             path.moveTo(map(dc.cur));
     }
-    void text(const QString& s, qreal x, qreal y, std::vector<qreal> dxLogical)
+    void text(const QString& s, qreal x, qreal y, const std::vector<qreal>& dxLogical)
     {
         if (s.isEmpty() || !room())
             return;
@@ -1077,7 +1077,7 @@ std::shared_ptr<const Metafile> readWmf(const QByteArray& bytes)
                 if (r.has(at + padded, n * 2) && static_cast<size_t>(s.size()) == n)
                     for (size_t i = 0; i < n; ++i)
                         dx.push_back(r.i16(at + padded + i * 2));
-                m.text(s, x, y, std::move(dx));
+                m.text(s, x, y, dx);
             }
             break;
         case U_WMR_DIBSTRETCHBLT:
@@ -1625,7 +1625,7 @@ std::shared_ptr<const Metafile> readEmf(const QByteArray& bytes)
                 if (offDx != 0 && r.has(offDx, n * 4) && static_cast<size_t>(s.size()) == n)
                     for (size_t i = 0; i < n; ++i)
                         dx.push_back(r.x32(offDx + i * 4));
-                m.text(s, ref.x(), ref.y(), std::move(dx));
+                m.text(s, ref.x(), ref.y(), dx);
             }
             break;
         case U_EMR_BITBLT:

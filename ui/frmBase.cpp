@@ -87,7 +87,8 @@ void CasillaModelo::keyPressEvent(QKeyEvent* e)
         e->accept();
         return;
     }
-    QWidget::keyPressEvent(e);
+    // Past the button's own keys: the box never ticks itself.
+    QWidget::keyPressEvent(e); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void EtiquetaTextoFijo::mousePressEvent(QMouseEvent* e)
