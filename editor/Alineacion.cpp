@@ -30,7 +30,7 @@ void EditorEtiqueta::ajustar(bool horizontal)
 
     const auto inicio = [&](const Caja& c) { return horizontal ? c.left() : c.top(); };
     for (int vez = 0; vez < k; ++vez) {
-        int minimo = horizontal ? 57 : static_cast<int>(valorTexto(m_mb.AnchoEtiqueta));
+        int minimo = horizontal ? 57 : static_cast<int>(valorTextoPosicion(m_mb.AnchoEtiqueta));
         int destino = horizontal ? 3 : 8;
         // The selected field that starts first; the lowest number on a tie.
         int p = 0;

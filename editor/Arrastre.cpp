@@ -225,7 +225,7 @@ void EditorEtiqueta::PosicionarCampo(int campo)
     TamanoImagen(campo, tamanoDe(campo));
     if (m_mb.NuevoCampoHor + caja.width() > 53.0)
         m_mb.NuevoCampoHor = redondear(53 - caja.width());
-    const double alto = valorTexto(m_mb.AnchoEtiqueta);
+    const double alto = valorTextoPosicion(m_mb.AnchoEtiqueta);
     if (m_mb.NuevoCampoVer + caja.height() > alto)
         m_mb.NuevoCampoVer = redondear(alto - caja.height());
     // No lower bound: the surface's click keeps a point above 3 and 8, and

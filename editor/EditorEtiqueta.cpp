@@ -34,7 +34,7 @@ int EditorEtiqueta::VSVer() const
 int EditorEtiqueta::tamanoDe(int campo) const
 {
     // Read as a number: leading digits, else 0.
-    return static_cast<int>(valorTexto(m_mb.Campos(campo).Tamano));
+    return static_cast<int>(valorTextoPosicion(m_mb.Campos(campo).Tamano));
 }
 
 void EditorEtiqueta::ajustarSuperficie()

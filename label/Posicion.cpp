@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-double valorTexto(const QByteArray& texto)
+double valorTextoPosicion(const QByteArray& texto)
 {
     const auto digit = [&](qsizetype at) {
         return at < texto.size() && texto.at(at) >= '0' && texto.at(at) <= '9';
@@ -25,7 +25,7 @@ double valorTexto(const QByteArray& texto)
 int16_t posicionDeTexto(const QByteArray& texto)
 {
     // The default rounding mode rounds halves to the even number.
-    const double units = std::nearbyint(valorTexto(texto) / 3.6);
+    const double units = std::nearbyint(valorTextoPosicion(texto) / 3.6);
     if (units > 32767)
         throw RuntimeError::overflow();
     return static_cast<int16_t>(units);

@@ -8,8 +8,10 @@
 
 // The number a position text stands for: its leading digits, optionally a
 // decimal point and more digits ("39." is 39, "3.6" is 3.6). A text that
-// does not start with a digit counts as 0.
-double valorTexto(const QByteArray& texto);
+// does not start with a digit counts as 0. (Not the lenient reader of the
+// character tables, valorNumerico, which also takes blanks, a sign and an
+// exponent.)
+double valorTextoPosicion(const QByteArray& texto);
 
 // The surface position of a stored text: its value divided by 3.6, rounded
 // to the nearest whole number, halves to the even one.

@@ -79,7 +79,7 @@ int16_t enteroRedondeado(double v)
     return static_cast<int16_t>(r);
 }
 
-double valorTexto(QByteArrayView texto)
+double valorNumerico(QByteArrayView texto)
 {
     qsizetype i = 0;
     const qsizetype n = texto.size();
@@ -136,8 +136,8 @@ void leerTablaCaracteres(const QByteArray& contenido, int lineas, TablaCaractere
         if (k >= texto.size())
             throw finDeArchivo();
         const QByteArray& linea = texto.at(k);
-        tabla.CodigoOrigen(k) = enteroRedondeado(valorTexto(columnas(linea, 14, 5)));
-        tabla.CodigoDestino(k) = enteroRedondeado(valorTexto(columnas(linea, 28, 5)));
+        tabla.CodigoOrigen(k) = enteroRedondeado(valorNumerico(columnas(linea, 14, 5)));
+        tabla.CodigoDestino(k) = enteroRedondeado(valorNumerico(columnas(linea, 28, 5)));
     }
 }
 

@@ -41,9 +41,11 @@ QByteArray AdapTaCharGR(const ModBase& mb, TablaCaracteres& tabla, const QByteAr
 // when a character meets it.
 QByteArray aplicarTablaCaracteres(const TablaCaracteres& tabla, const QByteArray& texto);
 
-// A number read leniently from text: leading blanks skipped, reading stops at
-// the first character that cannot belong to a number, nothing readable is 0.
-double valorTexto(QByteArrayView texto);
+// A number read leniently from text: leading blanks skipped, a sign, an
+// exponent; reading stops at the first character that cannot belong to a
+// number, nothing readable is 0. (Not the reader of position texts,
+// valorTextoPosicion.)
+double valorNumerico(QByteArrayView texto);
 // To the nearest whole number, halves to the even one.
 double redondeoPar(double v);
 // redondeoPar into a 16-bit integer; beyond it is "Overflow".

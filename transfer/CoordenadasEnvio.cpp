@@ -145,7 +145,7 @@ void CalculaCoordenadasEnvio(const ModBase& mb, CoordenadasEnvio& coordenadas)
     for (int n = 1; n <= campos; ++n) {
         const Campo& campo = mb.Campos(n);
         // The size is one digit; anything else still compares as a number.
-        const double s = std::clamp(redondeoPar(valorTexto(campo.Tamano)), -1.0, 3.0);
+        const double s = std::clamp(redondeoPar(valorNumerico(campo.Tamano)), -1.0, 3.0);
         coordenadas.CoordHor(n) =
             textoCoordenada(coordenadaHorEnvio(n, campo.PosHor, static_cast<int>(s)));
         coordenadas.CoordVer(n) = textoCoordenada(coordenadaVerEnvio(campo.PosVer));
