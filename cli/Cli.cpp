@@ -446,7 +446,7 @@ int cmdSend(CliContext& ctx, QStringList args)
         throw UsageError(usage);
     ModBase& mb = ctx.mb;
     if (const QString v = takeOption(args, QStringLiteral("--baud")); !v.isEmpty())
-        mb.Baudios = indiceDe(v, {"2400", "4800", "9600", "19200"}, "--baud");
+        mb.Baudios = indiceDe(v, textosVelocidades(), "--baud");
     if (const QString v = takeOption(args, QStringLiteral("--parity")); !v.isEmpty())
         mb.Paridad = indiceDe(v, {"N", "E", "O"}, "--parity");
     if (const QString v = takeOption(args, QStringLiteral("--data")); !v.isEmpty())

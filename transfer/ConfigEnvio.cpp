@@ -1,6 +1,7 @@
 #include "ConfigEnvio.h"
 
 #include "ModBase.h"
+#include "PuertoSerie.h"
 
 QStringList entradasCOM()
 {
@@ -10,8 +11,7 @@ QStringList entradasCOM()
 
 QStringList entradasBaud()
 {
-    return {QStringLiteral("2400"), QStringLiteral("4800"), QStringLiteral("9600"),
-            QStringLiteral("19200")};
+    return textosVelocidades();
 }
 
 QStringList entradasParidad(const ModBase& mb)

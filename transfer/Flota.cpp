@@ -145,9 +145,11 @@ QList<BalanzaLista> leerListaBalanzas(const QByteArray& texto, const AjustesLine
             bien = false;
         }
         b.equipo = static_cast<int16_t>(e);
-        if (!valorDe<int>(valor(QStringLiteral("baud")), {"2400", "4800", "9600", "19200"},
-                          {2400, 4800, 9600, 19200}, b.ajustes.baudios)) {
-            error(QStringLiteral("bad baud '%1' (2400, 4800, 9600, 19200)").arg(valor("baud")));
+        if (!valorDe<int>(valor(QStringLiteral("baud")), textosVelocidades(),
+                          QList<int>(kVelocidades.begin(), kVelocidades.end()),
+                          b.ajustes.baudios)) {
+            error(QStringLiteral("bad baud '%1' (%2)")
+                      .arg(valor("baud"), textosVelocidades().join(QStringLiteral(", "))));
             bien = false;
         }
         if (!valorDe<char>(valor(QStringLiteral("parity")), {"N", "E", "O"}, {'N', 'E', 'O'},

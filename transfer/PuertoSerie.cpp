@@ -11,13 +11,22 @@ QByteArray AjustesLinea::texto() const
            QByteArray::number(bitsParada);
 }
 
+QStringList textosVelocidades()
+{
+    QStringList textos;
+    for (const int v : kVelocidades)
+        textos.append(QString::number(v));
+    return textos;
+}
+
 AjustesLinea ajustesLinea(const ModBase& mb)
 {
-    static const int velocidades[] = {2400, 4800, 9600, 19200};
     AjustesLinea a;
     // cfg.ini keeps the index in range; an index from elsewhere falls back
     // to the speed of a fresh configuration rather than off the table.
-    a.baudios = mb.Baudios >= 0 && mb.Baudios <= 3 ? velocidades[mb.Baudios] : 9600;
+    a.baudios = mb.Baudios >= 0 && static_cast<size_t>(mb.Baudios) < kVelocidades.size()
+                    ? kVelocidades.at(static_cast<size_t>(mb.Baudios))
+                    : 9600;
     a.paridad = mb.Paridad == 1 ? 'E' : mb.Paridad == 2 ? 'O' : 'N';
     a.bitsDatos = mb.BitsDatos == 0 ? 7 : 8;
     a.bitsParada = mb.BitsParada == 0 ? 1 : 2;

@@ -1,10 +1,17 @@
 #pragma once
 
+#include <array>
 #include <QByteArray>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 struct ModBase;
+
+// The line speeds a transfer offers, in the order of their index in cfg.ini.
+inline constexpr std::array<int, 4> kVelocidades{2400, 4800, 9600, 19200};
+// The same speeds as texts, for lists, options and messages.
+QStringList textosVelocidades();
 
 // The line settings of a transfer: speed, parity, data bits, stop bits.
 struct AjustesLinea {
