@@ -93,11 +93,11 @@ void EditorEtiqueta::Alinear(int modo)
         if (c.Seleccionado) {
             double left = caja.left();
             if (modo == 0)
-                left = 3.0;
+                left = Coordenadas::kIzquierda;
             else if (modo == 1)
                 left = (57.0 - caja.width()) / 2;
             else if (modo == 2)
-                left = 53.0 - caja.width();
+                left = Coordenadas::kDerecha - caja.width();
             // The centre leaves the box at a fractional left; the record is whole.
             caja.setLeft(left);
             c.PosHor = redondear(caja.left());

@@ -23,7 +23,8 @@ QString textoPanel(const char* eje, int valor)
 
 bool EditorEtiqueta::dentroDeLimites(const Rect& r, double limiteVertical) const
 {
-    return r.L >= 3 && r.T >= 8 && r.R <= 53 && r.B <= limiteVertical;
+    using namespace Coordenadas;
+    return r.L >= kIzquierda && r.T >= kArriba && r.R <= kDerecha && r.B <= limiteVertical;
 }
 
 void EditorEtiqueta::fijarLimites(bool permitido)
@@ -223,8 +224,8 @@ void EditorEtiqueta::PosicionarCampo(int campo)
     Campo& c = m_mb.Campos(campo);
     Caja& caja = superficie.Imagen(campo);
     TamanoImagen(campo, tamanoDe(campo));
-    if (m_mb.NuevoCampoHor + caja.width() > 53.0)
-        m_mb.NuevoCampoHor = redondear(53 - caja.width());
+    if (m_mb.NuevoCampoHor + caja.width() > Coordenadas::kDerecha)
+        m_mb.NuevoCampoHor = redondear(Coordenadas::kDerecha - caja.width());
     const double alto = valorTextoPosicion(m_mb.AnchoEtiqueta);
     if (m_mb.NuevoCampoVer + caja.height() > alto)
         m_mb.NuevoCampoVer = redondear(alto - caja.height());
@@ -359,8 +360,8 @@ void EditorEtiqueta::moverSeleccion(int hor, int ver)
             return std::min(0, std::max(d, static_cast<int>(std::ceil(bajo))));
         return std::max(0, std::min(d, static_cast<int>(std::floor(alto))));
     };
-    const int dx = paso(hor, 3 - L, 53 - R);
-    const int dy = paso(ver, 8 - T, fondo - B);
+    const int dx = paso(hor, Coordenadas::kIzquierda - L, Coordenadas::kDerecha - R);
+    const int dy = paso(ver, Coordenadas::kArriba - T, fondo - B);
     if (dx == 0 && dy == 0)
         return;
     const Rect antes{redondear(L), redondear(T), redondear(R), redondear(B)};

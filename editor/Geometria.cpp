@@ -63,7 +63,7 @@ void EditorEtiqueta::TamanoImagen(int campo, int tamano)
     // Tested against 52 and pushed back against 53: a box that ends between
     // the two is moved to end at 53 or just short of it.
     if (caja.left() + caja.width() > 52.0) {
-        registro.PosHor = redondear((53.0 - caja.width()) / 1.0);
+        registro.PosHor = redondear((Coordenadas::kDerecha - caja.width()) / 1.0);
         caja.setLeft(registro.PosHor);
     }
     registro.Tamano = QByteArray::number(tamano);

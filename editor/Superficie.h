@@ -15,6 +15,12 @@
 namespace Coordenadas {
 
 constexpr double kTwipsPorMm = 56.7;
+// Where a field may stand, in surface units: from kIzquierda to kDerecha
+// across (the margin bands lie outside) and from kArriba down to the label's
+// length.
+constexpr double kIzquierda = 3;
+constexpr double kArriba = 8;
+constexpr double kDerecha = 53;
 constexpr double kMmPorUnidadHor = 2.0;
 
 // A pointer position over a field's box, in twips from its top left, as

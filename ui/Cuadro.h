@@ -5,6 +5,7 @@
 #include <QRectF>
 #include <QWidget>
 
+#include "Superficie.h"
 #include "Vista.h"
 
 class EditorEtiqueta;
@@ -20,7 +21,7 @@ namespace Escala {
 constexpr double kPxPorMm = 5.0;
 constexpr double kPxPorUnidadHor = 2.0 * kPxPorMm;
 constexpr double kPxPorUnidadVer = 10.0 / 9.0 * kPxPorMm;
-constexpr double kTwipsPorMm = 56.7;
+constexpr double kTwipsPorMm = Coordenadas::kTwipsPorMm;
 inline int px(double mm)
 {
     return qRound(mm * kPxPorMm);
