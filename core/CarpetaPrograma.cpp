@@ -12,12 +12,12 @@ CarpetasPrograma carpetasPrograma(const QString& dirEjecutable, const QProcessEn
     CarpetasPrograma c;
     c.programa = c.datos = QDir::cleanPath(dirEjecutable);
     const QString compartida = QDir::cleanPath(dirEjecutable + QStringLiteral("/../share/korvo"));
-    if (QFileInfo::exists(QDir(dirEjecutable).filePath(CarpetasPrograma::marca())))
-        c.datos = QDir::cleanPath(dirEjecutable);
-    else if (QFileInfo::exists(QDir(compartida).filePath(CarpetasPrograma::marca())))
+    // The marker beside the executable (Windows) keeps the data there.
+    if (!QFileInfo::exists(QDir(dirEjecutable).filePath(CarpetasPrograma::marca()))) {
+        if (!QFileInfo::exists(QDir(compartida).filePath(CarpetasPrograma::marca())))
+            return c; // unpacked: both are the executable's folder
         c.datos = compartida;
-    else
-        return c;
+    }
     c.instalada = true;
 #ifdef Q_OS_WIN
     const QString base = entorno.value(QStringLiteral("LOCALAPPDATA"));

@@ -56,23 +56,28 @@ QString lastModifiedText(const QString& path)
     return QLocale::system().toString(QFileInfo(path).lastModified(), QLocale::ShortFormat);
 }
 
-QByteArray readAll(const QString& path)
+namespace {
+// Opened for reading, or the failure a classic runtime reports.
+void abrirParaLeer(QFile& file)
 {
-    QFile file(path);
     if (!file.exists())
         throw RuntimeError::fileNotFound();
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError::pathFileAccess();
+}
+} // namespace
+
+QByteArray readAll(const QString& path)
+{
+    QFile file(path);
+    abrirParaLeer(file);
     return file.readAll();
 }
 
 QList<QByteArray> readLines(const QString& path, qsizetype maximo)
 {
     QFile file(path);
-    if (!file.exists())
-        throw RuntimeError::fileNotFound();
-    if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError::pathFileAccess();
+    abrirParaLeer(file);
     DivisorLineas divisor(maximo);
     QByteArray trozo(64 * 1024, Qt::Uninitialized);
     while (!divisor.lleno()) {

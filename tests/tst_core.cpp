@@ -111,6 +111,13 @@ private slots:
         QFETCH(QList<QByteArray>, lines);
         QCOMPARE(splitLines(bytes), lines);
         QCOMPARE(splitLines(joinLines(lines)), lines);
+        // Read a byte at a time, as a file read in pieces may end a piece
+        // between a carriage return and its line feed.
+        DivisorLineas divisor;
+        for (const char c : bytes)
+            divisor.alimentar(QByteArrayView(&c, 1));
+        divisor.terminar();
+        QCOMPARE(std::move(divisor).lineas(), lines);
     }
 
     // The file operations fail the way the classic runtime reports them.
